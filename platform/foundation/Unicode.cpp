@@ -1,45 +1,116 @@
 #include "platform/foundation/Unicode.h"
 
-#include <unicode/utf16.h>
-#include <unicode/utf8.h>
+#include <cstring>
 
-#include <limits>
+namespace {
+
+constexpr char32_t kLastCodePoint = 0x10FFFF;
+
+bool isContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+bool isLeadSurrogate(char32_t unit)
+{
+    return (unit & 0xFFFFFC00U) == 0xD800;
+}
+
+bool isTrailSurrogate(char32_t unit)
+{
+    return (unit & 0xFFFFFC00U) == 0xDC00;
+}
+
+// The range that the second byte of a sequence must lie in excludes overlong forms, surrogates and what is past the
+// last code point (Unicode, table 3-7).
+bool isSecondByte(unsigned char lead, char byte)
+{
+    const auto second = static_cast<unsigned char>(byte);
+    switch (lead) {
+    case 0xE0:
+        return second >= 0xA0 && second <= 0xBF;
+    case 0xED:
+        return second >= 0x80 && second <= 0x9F;
+    case 0xF0:
+        return second >= 0x90 && second <= 0xBF;
+    case 0xF4:
+        return second >= 0x80 && second <= 0x8F;
+    default:
+        return isContinuation(byte);
+    }
+}
+
+std::size_t sequenceLength(unsigned char lead)
+{
+    if (lead >= 0xC2 && lead <= 0xDF)
+        return 2;
+    if (lead >= 0xE0 && lead <= 0xEF)
+        return 3;
+    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+}
+
+std::size_t asciiPrefixLength(std::string_view bytes)
+{
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    std::size_t length = 0;
+    std::uint64_t word = 0;
+    while (bytes.size() - length >= sizeof(word)) {
+        std::memcpy(&word, bytes.data() + length, sizeof(word));
+        if (word & kHighBits)
+            break;
+        length += sizeof(word);
+    }
+    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80)
+        ++length;
+    return length;
+}
+
+} // namespace
 
 char32_t nextCodePoint(std::string_view utf8, std::size_t& offset)
 {
-    const auto lead = static_cast<unsigned char>(utf8[offset]);
-    if (lead < 0x80) {
-        ++offset;
+    const auto lead = static_cast<unsigned char>(utf8[offset++]);
+    if (lead < 0x80)
         return lead;
+    const std::size_t length = sequenceLength(lead);
+    if (length == 0 || offset >= utf8.size() || !isSecondByte(lead, utf8[offset]))
+        return kReplacementCharacter;
+    char32_t codePoint = lead & (0x7FU >> length);
+    for (std::size_t index = 1; index < length; ++index) {
+        if (offset >= utf8.size() || !isContinuation(utf8[offset]))
+            return kReplacementCharacter;
+        codePoint = (codePoint << 6U) | (static_cast<unsigned char>(utf8[offset++]) & 0x3FU);
     }
-    // ICU's macro counts in 32 bits; four bytes from here are all that it may look at.
-    const auto window = utf8.substr(offset, U8_MAX_LENGTH);
-    std::int32_t position = 0;
-    UChar32 codePoint = 0;
-    U8_NEXT(window.data(), position, static_cast<std::int32_t>(window.size()), codePoint);
-    offset += static_cast<std::size_t>(position);
-    return codePoint < 0 ? kReplacementCharacter : static_cast<char32_t>(codePoint);
+    return codePoint;
 }
 
 void appendUTF8(std::string& text, char32_t codePoint)
 {
-    char bytes[U8_MAX_LENGTH];
-    std::int32_t length = 0;
-    U8_APPEND_UNSAFE(bytes, length, static_cast<UChar32>(codePoint));
-    text.append(bytes, static_cast<std::size_t>(length));
+    const auto tail = [codePoint](unsigned shift) { return static_cast<char>(0x80U | ((codePoint >> shift) & 0x3FU)); };
+    if (codePoint < 0x80) {
+        text += static_cast<char>(codePoint);
+    } else if (codePoint < 0x800) {
+        text += {static_cast<char>(0xC0U | (codePoint >> 6U)), tail(0)};
+    } else if (codePoint < 0x10000) {
+        const bool surrogate = isLeadSurrogate(codePoint) || isTrailSurrogate(codePoint);
+        if (surrogate)
+            return appendUTF8(text, kReplacementCharacter);
+        text += {static_cast<char>(0xE0U | (codePoint >> 12U)), tail(6), tail(0)};
+    } else if (codePoint <= kLastCodePoint) {
+        text += {static_cast<char>(0xF0U | (codePoint >> 18U)), tail(12), tail(6), tail(0)};
+    } else {
+        appendUTF8(text, kReplacementCharacter);
+    }
 }
 
 bool isValidUTF8(std::string_view bytes)
 {
-    std::size_t offset = 0;
-    while (offset < bytes.size()) {
-        if (static_cast<unsigned char>(bytes[offset]) < 0x80) {
-            ++offset;
-            continue;
-        }
+    for (std::size_t offset = asciiPrefixLength(bytes); offset < bytes.size();) {
         const auto start = offset;
         if (nextCodePoint(bytes, offset) == kReplacementCharacter && bytes.substr(start, 3) != "\xEF\xBF\xBD")
             return false;
+        if (offset < bytes.size() && static_cast<unsigned char>(bytes[offset]) < 0x80)
+            offset += asciiPrefixLength(bytes.substr(offset));
     }
     return true;
 }
@@ -61,11 +132,9 @@ std::string UTF8FromUTF16(std::u16string_view text)
     utf8.reserve(text.size());
     for (std::size_t index = 0; index < text.size(); ++index) {
         char32_t codePoint = text[index];
-        if (U16_IS_LEAD(codePoint) && index + 1 < text.size() && U16_IS_TRAIL(text[index + 1]))
-            codePoint = static_cast<char32_t>(U16_GET_SUPPLEMENTARY(codePoint, text[++index]));
-        else if (U16_IS_SURROGATE(codePoint))
-            codePoint = kReplacementCharacter;
-        appendUTF8(utf8, codePoint);
+        if (isLeadSurrogate(codePoint) && index + 1 < text.size() && isTrailSurrogate(text[index + 1]))
+            codePoint = 0x10000 + ((codePoint & 0x3FFU) << 10U) + (text[++index] & 0x3FFU);
+        appendUTF8(utf8, codePoint); // What is left of surrogates stands alone, and is replaced.
     }
     return utf8;
 }
@@ -77,8 +146,8 @@ std::u16string UTF16FromUTF8(std::string_view text)
     for (std::size_t offset = 0; offset < text.size();) {
         const auto codePoint = nextCodePoint(text, offset);
         if (codePoint > 0xFFFF) {
-            utf16 += static_cast<char16_t>(U16_LEAD(codePoint));
-            utf16 += static_cast<char16_t>(U16_TRAIL(codePoint));
+            utf16 += static_cast<char16_t>(0xD7C0U + (codePoint >> 10U));
+            utf16 += static_cast<char16_t>(0xDC00U | (codePoint & 0x3FFU));
         } else {
             utf16 += static_cast<char16_t>(codePoint);
         }
@@ -91,7 +160,7 @@ std::string_view prefixAtCharacterBorder(std::string_view text, std::size_t maxi
     if (text.size() <= maximumByteCount)
         return text;
     std::size_t length = maximumByteCount;
-    while (length > 0 && U8_IS_TRAIL(static_cast<std::uint8_t>(text[length])))
+    while (length > 0 && isContinuation(text[length]))
         --length;
     return text.substr(0, length);
 }
