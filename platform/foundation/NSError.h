@@ -21,6 +21,7 @@ enum class NSCocoaError : int {
     FileReadUnknown = 256,
     FileReadNoSuchFile = 260,
     FileReadCorruptFile = 259,
+    FileReadUnknownStringEncoding = 264,
     PropertyListReadCorrupt = 3840,
 };
 
@@ -35,8 +36,11 @@ public:
     [[nodiscard]] static NSError errorWithCode(NSCocoaError code, std::string_view description);
 
     [[nodiscard]] const std::string& domain() const { return m_domain; }
+
     [[nodiscard]] int code() const { return m_code; }
+
     [[nodiscard]] const std::map<std::string, NSErrorValue>& userInfo() const { return m_userInfo; }
+
     /// The text under NSLocalizedDescriptionKey, else the domain and the code.
     [[nodiscard]] std::string localizedDescription() const;
 
