@@ -25,7 +25,8 @@ FileDescriptor FileDescriptor::openForReading(const std::string& path)
 
 std::optional<std::string> readFile(int descriptor, std::size_t maximumByteCount)
 {
-    struct stat status {};
+    struct stat status { };
+
     if (::fstat(descriptor, &status) != 0)
         return std::nullopt;
     if (!S_ISREG(status.st_mode)) {

@@ -15,7 +15,8 @@ NSError::NSError(std::string_view domain, int code, std::map<std::string, NSErro
 NSError NSError::errorWithErrno(int errnoValue, std::string_view what)
 {
     auto description = fmt::format("{}: {}", what, std::generic_category().message(errnoValue));
-    return {NSPOSIXErrorDomain, errnoValue, {{std::string(NSLocalizedDescriptionKey), std::move(description)}}};
+    return {
+        NSPOSIXErrorDomain, errnoValue, {{std::string(NSLocalizedDescriptionKey), std::move(description)}}};
 }
 
 NSError NSError::errorWithCode(NSCocoaError code, std::string_view description)

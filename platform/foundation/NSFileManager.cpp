@@ -66,7 +66,8 @@ bool NSFileManager::removeItemAtURL(const NSURL& url, NSError* error)
     return count > 0 || report(error, ENOENT, path);
 }
 
-std::optional<NSURL> writeNewFile(std::string_view bytes, const NSURL& folder, std::string_view name, NSError* error)
+std::optional<NSURL> writeNewFile(std::string_view bytes, const NSURL& folder, std::string_view name,
+                                  NSError* error)
 {
     while (name.ends_with('/'))
         name.remove_suffix(1);
@@ -77,14 +78,16 @@ std::optional<NSURL> writeNewFile(std::string_view bytes, const NSURL& folder, s
     }
     const auto url = folder.URLByAppendingPathComponent(name);
     const auto path = url.path();
-    const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kFileMode));
+    const FileDescriptor file(
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kFileMode));
     if (!file.isValid()) {
         report(error, errno, path);
         return std::nullopt;
     }
     if (!writeAll(file.get(), bytes)) {
         report(error, errno, path);
-        (void)::unlink(path.c_str()); // What is left of a failed write is of no use; the write's error is reported.
+        (void)::unlink(
+            path.c_str()); // What is left of a failed write is of no use; the write's error is reported.
         return std::nullopt;
     }
     return url;

@@ -11,8 +11,8 @@ public:
     /// $TMPDIR, else /tmp.
     [[nodiscard]] static NSURL temporaryDirectory();
 
-    /// Makes a folder that only its owner may enter. With `withIntermediateDirectories` missing parents are made too
-    /// and an existing folder is no failure.
+    /// Makes a folder that only its owner may enter. With `withIntermediateDirectories` missing parents are
+    /// made too and an existing folder is no failure.
     [[nodiscard]] static bool createDirectoryAtURL(const NSURL& url, bool withIntermediateDirectories,
                                                    NSError* error = nullptr);
 
@@ -20,9 +20,10 @@ public:
     [[nodiscard]] static bool removeItemAtURL(const NSURL& url, NSError* error = nullptr);
 };
 
-/// Writes `bytes` to a new file `name` in `folder`, readable by its owner only. Only the last component of `name` is
-/// used, an existing file or link of that name is never followed or written over, and a name that is empty, "." or
+/// Writes `bytes` to a new file `name` in `folder`, readable by its owner only. Only the last component of
+/// `name` is used, an existing file or link of that name is never followed or written over, and a name that
+/// is empty, "." or
 /// ".." is refused.
 /// @return the URL of the written file; none with the reason in `error` when nothing was written.
-[[nodiscard]] std::optional<NSURL> writeNewFile(std::string_view bytes, const NSURL& folder, std::string_view name,
-                                                NSError* error = nullptr);
+[[nodiscard]] std::optional<NSURL> writeNewFile(std::string_view bytes, const NSURL& folder,
+                                                std::string_view name, NSError* error = nullptr);

@@ -23,11 +23,14 @@ Receiver& receiver()
     return instance;
 }
 
-// systemd names the device and inode of the stream it connected to the journal; only that one is worth bypassing.
+// systemd names the device and inode of the stream it connected to the journal; only that one is worth
+// bypassing.
 bool standardErrorIsJournal()
 {
     const char* named = std::getenv("JOURNAL_STREAM"); // NOLINT(concurrency-mt-unsafe): nobody sets variables
-    struct stat status {};
+
+    struct stat status { };
+
     if (!named || ::fstat(STDERR_FILENO, &status) != 0)
         return false;
     return fmt::format("{}:{}", status.st_dev, status.st_ino) == named;

@@ -44,8 +44,9 @@ std::size_t schemeLength(std::string_view string)
     const auto isSchemeCharacter = [](char character) {
         return isAlphanumeric(character) || character == '+' || character == '-' || character == '.';
     };
-    return std::all_of(string.begin(), string.begin() + static_cast<std::ptrdiff_t>(colon), isSchemeCharacter) ? colon
-                                                                                                               : 0;
+    return std::all_of(string.begin(), string.begin() + static_cast<std::ptrdiff_t>(colon), isSchemeCharacter)
+        ? colon
+        : 0;
 }
 
 struct PathRange {
@@ -91,7 +92,8 @@ std::string percentDecoded(std::string_view text)
     decoded.reserve(text.size());
     for (std::size_t offset = 0; offset < text.size(); ++offset) {
         if (text[offset] == '%' && isEscape(text, offset)) {
-            decoded += static_cast<char>(hexadecimalValue(text[offset + 1]) * 16 + hexadecimalValue(text[offset + 2]));
+            decoded += static_cast<char>(hexadecimalValue(text[offset + 1]) * 16
+                                         + hexadecimalValue(text[offset + 2]));
             offset += 2;
         } else {
             decoded += text[offset];
@@ -139,8 +141,9 @@ std::optional<NSURL> NSURL::URLWithString(std::string_view string)
 std::string NSURL::scheme() const
 {
     std::string scheme = m_string.substr(0, schemeLength(m_string));
-    std::transform(scheme.begin(), scheme.end(), scheme.begin(),
-                   [](char character) { return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character; });
+    std::transform(scheme.begin(), scheme.end(), scheme.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
+    });
     return scheme;
 }
 
@@ -214,7 +217,9 @@ NSURL NSURL::URLByAppendingPathComponent(std::string_view component) const
 bool NSURL::checkResourceIsReachableAndReturnError(NSError* error) const
 {
     const auto filePath = isFileURL() ? path() : std::string();
-    struct stat status {};
+
+    struct stat status { };
+
     if (!filePath.empty() && ::stat(filePath.c_str(), &status) == 0)
         return true;
     setError(error, NSError::errorWithErrno(filePath.empty() ? EINVAL : errno, m_string));

@@ -1,7 +1,6 @@
 #include "platform/foundation/NSUUID.h"
 
 #include <fmt/format.h>
-
 #include <systemd/sd-id128.h>
 
 #include <stdexcept>
@@ -9,7 +8,7 @@
 
 std::string NSUUID::UUIDString()
 {
-    sd_id128_t identifier {};
+    sd_id128_t identifier{};
     if (sd_id128_randomize(&identifier) < 0)
         throw std::runtime_error("the system gives no random bytes");
     std::string text;

@@ -21,8 +21,8 @@ bool isTrailSurrogate(char32_t unit)
     return (unit & 0xFFFFFC00U) == 0xDC00;
 }
 
-// The range that the second byte of a sequence must lie in excludes overlong forms, surrogates and what is past the
-// last code point (Unicode, table 3-7).
+// The range that the second byte of a sequence must lie in excludes overlong forms, surrogates and what is
+// past the last code point (Unicode, table 3-7).
 bool isSecondByte(unsigned char lead, char byte)
 {
     const auto second = static_cast<unsigned char>(byte);
@@ -86,7 +86,8 @@ char32_t nextCodePoint(std::string_view utf8, std::size_t& offset)
 
 void appendUTF8(std::string& text, char32_t codePoint)
 {
-    const auto tail = [codePoint](unsigned shift) { return static_cast<char>(0x80U | ((codePoint >> shift) & 0x3FU)); };
+    const auto tail
+        = [codePoint](unsigned shift) { return static_cast<char>(0x80U | ((codePoint >> shift) & 0x3FU)); };
     if (codePoint < 0x80) {
         text += static_cast<char>(codePoint);
     } else if (codePoint < 0x800) {

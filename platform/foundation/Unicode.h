@@ -7,8 +7,8 @@
 /// What stands for bytes that are no UTF-8.
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
-/// The code point at `offset`, which is moved behind it. Every maximal ill-formed sequence gives one U+FFFD, as the
-/// Unicode standard recommends. `offset` must be below the length.
+/// The code point at `offset`, which is moved behind it. Every maximal ill-formed sequence gives one U+FFFD,
+/// as the Unicode standard recommends. `offset` must be below the length.
 [[nodiscard]] char32_t nextCodePoint(std::string_view utf8, std::size_t& offset);
 
 void appendUTF8(std::string& text, char32_t codePoint);
