@@ -1,4 +1,7 @@
 #include "platform/media/ContentReader.h"
+#include "platform/media/LegacyWordReader.h"
+#include "platform/media/OfficeOpenXMLReader.h"
+#include "platform/media/OpenDocumentReader.h"
 #include "platform/types/UTType.h"
 
 #include <array>
@@ -12,7 +15,14 @@ struct Row {
 };
 
 // The first row that a type conforms to has its reader: narrow types stand before the wide ones they belong to.
-constexpr std::array<Row, 0> kReaders {};
+constexpr std::array kReaders {
+    Row {"org.openxmlformats.wordprocessingml.document", readOfficeOpenXML},
+    Row {"org.openxmlformats.spreadsheetml.sheet", readOfficeOpenXML},
+    Row {"org.openxmlformats.presentationml.presentation", readOfficeOpenXML},
+    Row {"org.oasis-open.opendocument", readOpenDocument},
+    Row {"org.oasis-open.opendocument.flat", readOpenDocument},
+    Row {"com.microsoft.word.doc", readLegacyWord},
+};
 
 } // namespace
 
