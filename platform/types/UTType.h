@@ -14,15 +14,15 @@ class UTType {
 public:
     /// The declared type of this identifier; none when the system does not know it.
     [[nodiscard]] static std::optional<UTType> typeWithIdentifier(std::string_view identifier);
-    /// The type for a MIME type (parameters and case are ignored). A MIME type that is well formed but not declared
-    /// gives a dynamic type ("dyn.…") that conforms to "public.data", or to "public.text" for text/*, "public.image" for image/*.
-    /// None when `mimeType` is no MIME type.
+    /// The type for a MIME type (parameters and case are ignored). A MIME type that is well formed but not
+    /// declared gives a dynamic type ("dyn.…") that conforms to "public.data", or to "public.text" for
+    /// text/*, "public.image" for image/*. None when `mimeType` is no MIME type.
     [[nodiscard]] static std::optional<UTType> typeWithMIMEType(std::string_view mimeType);
     /// The type for a file extension without its dot, case ignored; none when no type declares it.
     [[nodiscard]] static std::optional<UTType> typeWithFilenameExtension(std::string_view extension);
-    /// The content type of the file or folder at `url`, by its name, and by its content where the name says nothing.
-    /// Packages (note, RTFD) are folders with the package's extension; any other folder is "public.folder".
-    /// None when the file cannot be read.
+    /// The content type of the file or folder at `url`, by its name, and by its content where the name says
+    /// nothing. Packages (note, RTFD) are folders with the package's extension; any other folder is
+    /// "public.folder". None when the file cannot be read.
     [[nodiscard]] static std::optional<UTType> contentTypeOfFile(const NSURL& url, NSError* error = nullptr);
 
     [[nodiscard]] const std::string& identifier() const;
@@ -33,10 +33,15 @@ public:
     [[nodiscard]] std::optional<std::string> preferredMIMEType() const;
     [[nodiscard]] std::optional<std::string> preferredFilenameExtension() const;
 
-    friend bool operator==(const UTType& left, const UTType& right) { return left.identifier() == right.identifier(); }
+    friend bool operator==(const UTType& left, const UTType& right)
+    {
+        return left.identifier() == right.identifier();
+    }
 
 private:
     struct Declaration;
+    class Registry;
+
     explicit UTType(std::shared_ptr<const Declaration> declaration);
 
     std::shared_ptr<const Declaration> m_declaration;
