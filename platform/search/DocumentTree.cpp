@@ -86,8 +86,9 @@ SKDocumentRef DocumentTree::documentOfNode(NodeID identifier)
     if (!current || current->parent != kRoot)
         return nullptr;
     SKDocumentRef document;
-    for (auto name = names.rbegin(); name != names.rend(); ++name)
-        document = SKDocument::createWithPrefix(current->name, document, *name);
+    std::reverse(names.begin(), names.end());
+    for (const auto& name : names)
+        document = SKDocument::createWithPrefix(current->name, document, name);
     return document;
 }
 

@@ -42,6 +42,7 @@ CREATE VIEW searchable AS
     FROM document JOIN node ON node.id = document.node;
 CREATE VIRTUAL TABLE fulltext USING fts5(
     name, text, content='searchable', content_rowid='id', tokenize='corvel');
+INSERT INTO fulltext(fulltext, rank) VALUES('automerge', 8);
 INSERT INTO fulltext(fulltext, rank) VALUES('rank', 'bm25(4.0, 1.0)');
 )sql";
 
