@@ -1,4 +1,5 @@
 #include "platform/media/ContentReader.h"
+#include "platform/media/EPUBReader.h"
 #include "platform/media/LegacyWordReader.h"
 #include "platform/media/OfficeOpenXMLReader.h"
 #include "platform/media/OpenDocumentReader.h"
@@ -21,6 +22,7 @@ constexpr std::array kReaders {
     Row {"org.openxmlformats.presentationml.presentation", readOfficeOpenXML},
     Row {"org.oasis-open.opendocument", readOpenDocument},
     Row {"org.oasis-open.opendocument.flat", readOpenDocument},
+    Row {"org.idpf.epub-container", readEPUB},
     Row {"com.microsoft.word.doc", readLegacyWord},
 };
 

@@ -85,14 +85,13 @@ std::optional<OfficePackage> OfficePackage::open(const ContentSource& source, Co
 std::string OfficePackage::mainPart()
 {
     for (const auto& relationship : relationshipsOf({})) {
-        if (relationship.kind == "officeDocument" && hasPart(relationship.target))
+        if (relationship.kind == "officeDocument")
             return relationship.target;
     }
-    for (const auto name : kUsualMainParts) {
-        if (hasPart(name))
-            return std::string(name);
-    }
-    return {};
+    const auto* const usual
+        = std::find_if(kUsualMainParts.begin(), kUsualMainParts.end(),
+                       [this](std::string_view name) { return m_container.hasMember(name); });
+    return std::string(usual == kUsualMainParts.end() ? std::string_view() : *usual);
 }
 
 std::vector<OfficePackage::Relationship> OfficePackage::relationshipsOf(std::string_view part)
@@ -103,6 +102,10 @@ std::vector<OfficePackage::Relationship> OfficePackage::relationshipsOf(std::str
     RelationshipHandler handler(part, m_sink.limits().entries);
     // A damaged list leaves parts unread, which the part that needs them shows.
     (void)readPart(listName, handler);
+    for (auto& relationship : handler.relationships)
+        relationship.target = m_container.storedName(relationship.target);
+    std::erase_if(handler.relationships,
+                  [](const auto& relationship) { return relationship.target.empty(); });
     return std::move(handler.relationships);
 }
 

@@ -17,7 +17,7 @@ public:
         /// The last component of the relationship's type, which the transitional and the strict form share:
         /// "officeDocument", "footnotes", "slide".
         std::string kind;
-        /// The name of the part it points at.
+        /// The stored name of the part it points at.
         std::string target;
     };
 
@@ -26,13 +26,11 @@ public:
     [[nodiscard]] static std::optional<OfficePackage> open(const ContentSource& source, ContentSink& sink,
                                                            ReadResult& failure);
 
-    [[nodiscard]] bool hasPart(std::string_view name) const { return m_container.hasMember(name); }
-
     /// The part that the package says is its document, or the one where it usually is; empty when there is
     /// none.
     [[nodiscard]] std::string mainPart();
-    /// The relationships of a part to others of this package; of the package itself for the empty name. A
-    /// damaged list gives those before the damage.
+    /// The relationships of a part to others that this package has; of the package itself for the empty name.
+    /// A damaged list gives those before the damage.
     [[nodiscard]] std::vector<Relationship> relationshipsOf(std::string_view part);
     /// Parses a part, in constant memory.
     [[nodiscard]] PartStatus readPart(std::string_view name, XMLHandler& handler);

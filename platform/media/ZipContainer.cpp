@@ -214,6 +214,12 @@ bool ZipContainer::hasMember(std::string_view name) const
     return m_indexByName.contains(normalisedName(name));
 }
 
+std::string_view ZipContainer::storedName(std::string_view name) const
+{
+    const auto found = m_indexByName.find(normalisedName(name));
+    return found == m_indexByName.end() ? std::string_view() : m_names[found->second];
+}
+
 PartStatus ZipContainer::readMember(std::string_view name, const Consumer& consumer)
 {
     const auto found = m_indexByName.find(normalisedName(name));

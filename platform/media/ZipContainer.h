@@ -34,6 +34,8 @@ public:
     /// Names are compared without ASCII case, a leading slash and the kind of slash. Of two members with one
     /// name the first counts.
     [[nodiscard]] bool hasMember(std::string_view name) const;
+    /// The name as the directory has it; empty when there is no such member.
+    [[nodiscard]] std::string_view storedName(std::string_view name) const;
 
     /// The names in the order of the directory, as UTF-8.
     [[nodiscard]] const std::vector<std::string>& memberNames() const { return m_names; }

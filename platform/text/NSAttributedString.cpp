@@ -1,0 +1,38 @@
+#include "platform/text/NSAttributedString.h"
+
+#include "platform/foundation/FileDescriptor.h"
+#include "platform/media/ContentReader.h"
+#include "platform/types/UTType.h"
+
+#include <cerrno>
+#include <utility>
+
+NSAttributedString::NSAttributedString(std::string string)
+    : m_string(std::move(string))
+{
+}
+
+std::optional<NSAttributedString> NSAttributedString::initWithURL(const NSURL& url, NSError* error)
+{
+    const auto path = url.path();
+    const auto file = FileDescriptor::openForReading(path);
+    if (!file.isValid() || !readFile(file.get(), 0)) {
+        setError(error, NSError::errorWithErrno(errno, path));
+        return std::nullopt;
+    }
+    ContentSource source;
+    source.fileDescriptor = file.get();
+    source.typeIdentifier = kUTTypeWordDocument;
+    source.name = url.lastPathComponent();
+    auto content = readContent(source);
+    if (content.status == ContentStatus::Unreadable) {
+        setError(error, NSError::errorWithErrno(EIO, path));
+        return std::nullopt;
+    }
+    if (content.status != ContentStatus::Read) {
+        setError(error,
+                 NSError::errorWithCode(NSCocoaError::FileReadCorruptFile, path + ": " + content.reason));
+        return std::nullopt;
+    }
+    return NSAttributedString(std::move(content.text));
+}
