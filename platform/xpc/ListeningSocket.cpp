@@ -1,6 +1,7 @@
 #include "platform/xpc/ListeningSocket.h"
 
 #include "platform/foundation/NSFileManager.h"
+#include "platform/xpc/FileLock.h"
 #include "platform/xpc/SocketAddress.h"
 #include "platform/xpc/UnixSocket.h"
 
@@ -9,10 +10,8 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -32,27 +31,6 @@ std::string folderOf(const std::string& path)
 {
     const auto slash = path.rfind('/');
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
-}
-
-// Whoever puts a socket into a folder or takes one out holds a lock on the folder while it does, so that no
-// process removes what another has just made. It is held for microseconds; who cannot get it is kept from it
-// on purpose.
-FileDescriptor lockFolder(const std::string& folder, NSError* error)
-{
-    FileDescriptor lock(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!lock.isValid()) {
-        report(error, errno, folder);
-        return {};
-    }
-    const auto deadline = std::chrono::steady_clock::now() + kLockTime;
-    while (::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) {
-        if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= deadline) {
-            report(error, errno, folder);
-            return {};
-        }
-        std::this_thread::sleep_for(kLockPollTime);
-    }
-    return lock;
 }
 
 bool removeStaleSocket(const std::string& path, NSError* error)
@@ -124,7 +102,7 @@ std::unique_ptr<ListeningSocket> ListeningSocket::listenAt(const std::string& pa
     const auto folder = folderOf(path);
     if (!NSFileManager::createDirectoryAtURL(NSURL::fileURLWithPath(folder), true, error))
         return nullptr;
-    const auto lock = lockFolder(folder, error);
+    const auto lock = lockFolder(folder, kLockTime, error);
     if (!lock.isValid() || !removeStaleSocket(path, error))
         return nullptr;
     FileDescriptor descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
@@ -145,7 +123,7 @@ void ListeningSocket::removeFromFileSystem()
     const auto path = std::exchange(m_path, {});
     if (path.empty())
         return;
-    const auto lock = lockFolder(folderOf(path), nullptr);
+    const auto lock = lockFolder(folderOf(path), kLockTime);
 
     struct stat status { };
 

@@ -29,6 +29,12 @@ int pollTimeout(sd_bus* bus)
     return static_cast<int>(std::clamp<std::int64_t>(rest / 1000 + 1, 0, 3'600'000));
 }
 
+// Who just looks whether somebody listens hangs up at once.
+bool isHangUp(int code)
+{
+    return code == ECONNRESET || code == EPIPE || code == ENOTCONN;
+}
+
 } // namespace
 
 NSXPCConnection::NSXPCConnection(FileDescriptor socket, NSXPCConnectionContext& context)
@@ -96,9 +102,10 @@ void NSXPCConnection::resume()
 void NSXPCConnection::run() noexcept
 {
     try {
-        if (const int result = openBus(); result < 0)
+        const int result = openBus();
+        if (result < 0 && !isHangUp(-result))
             NSLog("Couldn't open a connection: error {}", -result);
-        else
+        if (result >= 0)
             deliverRequests();
     } catch (const std::exception& exception) {
         NSLog("A connection was ended by an exception: {}", exception.what());

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <sys/signalfd.h>
 #include <system_error>
+#include <unistd.h>
 
 TerminationSignals::TerminationSignals()
 {
@@ -19,5 +20,8 @@ TerminationSignals::TerminationSignals()
 
 TerminationSignals::~TerminationSignals()
 {
+    // A signal that was noticed is done with; it must not end the process when it is let through again.
+    signalfd_siginfo noticed{};
+    while (::read(m_descriptor.get(), &noticed, sizeof(noticed)) > 0) { }
     (void)::pthread_sigmask(SIG_SETMASK, &m_formerMask, nullptr); // The mask was valid when it was taken.
 }
