@@ -68,6 +68,42 @@ IndexingReply replyFromDictionary(const NSXPCDictionary& dictionary)
     return reply;
 }
 
+int openBus(FileDescriptor socket, BusHandle& bus)
+{
+    sd_bus* created = nullptr;
+    if (const int result = sd_bus_new(&created); result < 0)
+        return result;
+    bus.reset(created);
+    if (const int result = sd_bus_negotiate_fds(created, 0); result < 0)
+        return result;
+    if (const int result = sd_bus_set_fd(created, socket.get(), socket.get()); result < 0)
+        return result;
+    (void)socket.release(); // From here on the bus closes it.
+    return sd_bus_start(created);
+}
+
+// Only an answer shows that somebody accepted the connection.
+int ping(sd_bus* bus)
+{
+    sd_bus_message* created = nullptr;
+    const int result
+        = sd_bus_message_new_method_call(bus, &created, nullptr, "/", "org.freedesktop.DBus.Peer", "Ping");
+    const BusMessage message(created);
+    return result < 0 ? result : sd_bus_call(bus, created, kAnswerTimeout, nullptr, nullptr);
+}
+
+FileDescriptor openSocket(const IndexingClientOptions& options, NSError* error)
+{
+    auto socket = options.socketPath.empty()
+        ? connectStartingService(defaultSocketPath(), options.servicePath, error)
+        : connectToSocket(options.socketPath, error);
+    if (socket.isValid() && !isPeerAccepted(userOfPeer(socket.get()), ::geteuid())) {
+        setError(error, NSError::errorWithErrno(EPERM, "the socket belongs to another user's process"));
+        return {};
+    }
+    return socket;
+}
+
 } // namespace
 
 class IndexingClient::Connection {
@@ -123,46 +159,6 @@ IndexingClient::Connection::request(const char* method, const Arguments& argumen
     setError(error, NSError::errorWithErrno(EPROTO, "the indexing service's answer"));
     return std::nullopt;
 }
-
-namespace {
-
-int openBus(FileDescriptor socket, BusHandle& bus)
-{
-    sd_bus* created = nullptr;
-    if (const int result = sd_bus_new(&created); result < 0)
-        return result;
-    bus.reset(created);
-    if (const int result = sd_bus_negotiate_fds(created, 0); result < 0)
-        return result;
-    if (const int result = sd_bus_set_fd(created, socket.get(), socket.get()); result < 0)
-        return result;
-    (void)socket.release(); // From here on the bus closes it.
-    return sd_bus_start(created);
-}
-
-// Only an answer shows that somebody accepted the connection.
-int ping(sd_bus* bus)
-{
-    sd_bus_message* created = nullptr;
-    const int result
-        = sd_bus_message_new_method_call(bus, &created, nullptr, "/", "org.freedesktop.DBus.Peer", "Ping");
-    const BusMessage message(created);
-    return result < 0 ? result : sd_bus_call(bus, created, kAnswerTimeout, nullptr, nullptr);
-}
-
-FileDescriptor openSocket(const IndexingClientOptions& options, NSError* error)
-{
-    auto socket = options.socketPath.empty()
-        ? connectStartingService(defaultSocketPath(), options.servicePath, error)
-        : connectToSocket(options.socketPath, error);
-    if (socket.isValid() && !isPeerAccepted(userOfPeer(socket.get()), ::geteuid())) {
-        setError(error, NSError::errorWithErrno(EPERM, "the socket belongs to another user's process"));
-        return {};
-    }
-    return socket;
-}
-
-} // namespace
 
 IndexingClient::IndexingClient(std::unique_ptr<Connection> connection)
     : m_connection(std::move(connection))

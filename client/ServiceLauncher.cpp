@@ -1,6 +1,8 @@
 #include "client/ServiceLauncher.h"
 
+#include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSURL.h"
+#include "platform/xpc/FileLock.h"
 #include "platform/xpc/UnixSocket.h"
 
 #include <systemd/sd-journal.h>
@@ -151,7 +153,7 @@ FileDescriptor waitForService(const std::string& socketPath, pid_t process, NSEr
     const auto deadline = std::chrono::steady_clock::now() + kStartTime;
     NSError reason;
     while (true) {
-        // Asked first: who lost the race for the socket ends only after the winner listens.
+        // Asked first: a process that finds another listening ends only after that.
         const bool hasEnded = hasEndedAfterAMoment(watched.get());
         auto socket = connectToSocket(socketPath, &reason);
         if (socket.isValid())
@@ -177,6 +179,26 @@ bool isProgram(const std::filesystem::path& path)
     return std::filesystem::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
 }
 
+// One host at a time starts the service; the others find it when their turn comes.
+FileDescriptor startService(const std::string& socketPath, const std::string& servicePath, NSError* error)
+{
+    const auto folder = NSURL::fileURLWithPath(socketPath).URLByDeletingLastPathComponent();
+    if (!NSFileManager::createDirectoryAtURL(folder, true, error))
+        return {};
+    const auto lock = lockFile(socketPath + ".lock", kStartTime, error);
+    if (!lock.isValid())
+        return {};
+    auto socket = connectToSocket(socketPath);
+    if (socket.isValid())
+        return socket;
+    const auto program = servicePath.empty() ? findServiceProgram() : absolutePath(servicePath);
+    const auto report = program.empty() ? LaunchReport{0, ENOENT} : launch(program, socketPath);
+    if (report.failure == 0)
+        return waitForService(socketPath, report.process, error);
+    setError(error, NSError::errorWithErrno(report.failure, program.empty() ? kProgramName : program));
+    return {};
+}
+
 } // namespace
 
 FileDescriptor connectStartingService(const std::string& socketPath, const std::string& servicePath,
@@ -186,20 +208,9 @@ FileDescriptor connectStartingService(const std::string& socketPath, const std::
     auto socket = connectToSocket(socketPath, &reason);
     if (socket.isValid())
         return socket;
-    if (!isAbsence(reason)) {
-        setError(error, reason);
-        return {};
-    }
-    const auto program
-        = servicePath.empty() ? findServiceProgram() : std::filesystem::absolute(servicePath).native();
-    if (program.empty()) {
-        setError(error, NSError::errorWithErrno(ENOENT, kProgramName));
-        return {};
-    }
-    const auto report = launch(program, absolutePath(socketPath));
-    if (report.failure == 0)
-        return waitForService(socketPath, report.process, error);
-    setError(error, NSError::errorWithErrno(report.failure, program));
+    if (isAbsence(reason))
+        return startService(absolutePath(socketPath), servicePath, error);
+    setError(error, reason);
     return {};
 }
 
