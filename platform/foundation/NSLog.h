@@ -18,12 +18,12 @@ template <typename... Arguments> void NSLog(fmt::format_string<Arguments...> for
     NSLogLine(fmt::format(format, std::forward<Arguments>(arguments)...));
 }
 
-/// While it lives, log lines go to `receiver` (on the thread that logs) instead of the system log. For tests
+/// While it lives, log lines go to `function` (on the thread that logs) instead of the system log. For tests
 /// and for programs that show the log themselves. One at a time; not for use while other threads start or
 /// stop one.
 class NSLogCapture {
 public:
-    explicit NSLogCapture(std::function<void(std::string_view)> receiver);
+    explicit NSLogCapture(std::function<void(std::string_view)> function);
     NSLogCapture(const NSLogCapture&) = delete;
     NSLogCapture& operator=(const NSLogCapture&) = delete;
     ~NSLogCapture();

@@ -38,7 +38,7 @@ bool isEscape(std::string_view text, std::size_t offset)
 std::size_t schemeLength(std::string_view string)
 {
     const auto colon = string.find(':');
-    if (colon == std::string_view::npos || colon == 0 || isAlphanumeric(string[0]) == false
+    if (colon == std::string_view::npos || colon == 0 || !isAlphanumeric(string[0])
         || (string[0] >= '0' && string[0] <= '9'))
         return 0;
     const auto isSchemeCharacter = [](char character) {

@@ -161,6 +161,21 @@ std::string foldOf(char32_t codePoint, CharacterKind kind)
     return caseFolded.toUTF8String(folded);
 }
 
+// Signs that stand for letters (™, №, ㍿) are read as those letters.
+CharacterKind kindWithSymbols(char32_t codePoint)
+{
+    const auto kind = kindOf(codePoint);
+    if (kind != CharacterKind::Separator || u_charType(static_cast<UChar32>(codePoint)) != U_OTHER_SYMBOL)
+        return kind;
+    const auto folded = foldOf(codePoint, CharacterKind::Ideograph);
+    for (std::size_t offset = 0; offset < folded.size();) {
+        const auto part = kindOf(nextCodePoint(folded, offset));
+        if (part == CharacterKind::Word || part == CharacterKind::Ideograph)
+            return part;
+    }
+    return kind;
+}
+
 class BlockStore {
 public:
     const Block& block(std::size_t number)
@@ -192,7 +207,7 @@ private:
     Character makeCharacter(char32_t codePoint)
     {
         Character character;
-        character.kind = kindOf(codePoint);
+        character.kind = kindWithSymbols(codePoint);
         const std::string folded = foldOf(codePoint, character.kind);
         if (folded.empty() && character.kind == CharacterKind::Word)
             character.kind = CharacterKind::Ignorable;

@@ -197,8 +197,11 @@ bool EmbeddedIndex::place(const DocumentTree::Node& node, NodeID parent, std::st
 {
     if (node.parent == parent && node.name == name)
         return true;
-    if (const auto replaced = m_tree->child(parent, name))
+    // What is replaced may hold what moves, which therefore steps out of the tree first.
+    if (const auto replaced = m_tree->child(parent, name)) {
+        m_tree->setPlace(node.id, DocumentTree::kRoot, {});
         removeSubtree(replaced->id);
+    }
     if (node.document && node.name != name)
         m_store->rename(*node.document, node.name, name);
     m_tree->setPlace(node.id, parent, name);

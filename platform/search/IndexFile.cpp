@@ -160,7 +160,9 @@ std::unique_ptr<SQLiteDatabase> openForReading(const std::string& path, std::chr
     try {
         return connect(path, SQLiteOpen::ReadOnly, timeout);
     } catch (const SQLiteError& error) {
-        if (error.code() != SQLITE_CANTOPEN || hasWriteAheadLog(path))
+        // Without a place for its locks SQLite reads only a file that nobody can be writing.
+        const bool noPlaceForLocks = error.code() == SQLITE_CANTOPEN || error.code() == SQLITE_READONLY;
+        if (!noPlaceForLocks || hasWriteAheadLog(path))
             throw;
         return connect(path, SQLiteOpen::Immutable, timeout);
     }

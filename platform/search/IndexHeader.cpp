@@ -39,10 +39,14 @@ int readThroughFileLayer(const std::string& path, Bytes& bytes)
         = std::make_unique<std::max_align_t[]>( // NOLINT(modernize-avoid-c-arrays): of run-time size
             static_cast<std::size_t>(layer->szOsFile) / sizeof(std::max_align_t) + 1);
     auto* file = reinterpret_cast<sqlite3_file*>(storage.get());
-    // The layer wants a name that ends in two NULs and stays as long as the file is open.
-    const std::string name = path + std::string(2, '\0');
+    file->pMethods = nullptr;
+    // Links are followed before the layer sees the name, which has to end in two NULs and to stay with the
+    // file.
+    std::string name(static_cast<std::size_t>(layer->mxPathname) + 2, '\0');
     int flags = SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_READONLY;
-    int code = layer->xOpen(layer, name.c_str(), file, flags, &flags);
+    int code = layer->xFullPathname(layer, path.c_str(), layer->mxPathname, name.data());
+    if (code == SQLITE_OK || code == SQLITE_OK_SYMLINK)
+        code = layer->xOpen(layer, name.c_str(), file, flags, &flags);
     if (code == SQLITE_OK)
         code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), 0);
     if (file->pMethods)
