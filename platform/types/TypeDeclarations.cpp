@@ -267,7 +267,7 @@ constexpr auto kDeclarations = std::to_array<TypeDeclaration>({
      "application/vnd.oasis.opendocument.graphics-template", "otg"},
     {"org.oasis-open.opendocument.formula", "org.oasis-open.opendocument",
      "application/vnd.oasis.opendocument.formula", "odf"},
-    {"org.oasis-open.opendocument.flat", "public.xml public.composite-content",
+    {"org.oasis-open.opendocument.flat", "org.oasis-open.opendocument",
      "application/vnd.oasis.opendocument.text-flat-xml "
      "application/vnd.oasis.opendocument.spreadsheet-flat-xml "
      "application/vnd.oasis.opendocument.presentation-flat-xml "
