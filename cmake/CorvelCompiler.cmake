@@ -28,7 +28,9 @@ if(CORVEL_SANITIZE)
     add_compile_options(-fsanitize=${CORVEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${CORVEL_SANITIZE})
     # GCC sees null dereferences in the sanitizers' own branches.
-    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
+    endif()
 endif()
 
 # corvel_library(NAME SOURCES ... PUBLIC ... PRIVATE ...): one static library for one folder.

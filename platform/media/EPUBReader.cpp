@@ -1,10 +1,10 @@
 #include "platform/media/EPUBReader.h"
 
+#include "platform/html/HTMLText.h"
 #include "platform/media/DocumentProperties.h"
 #include "platform/media/OfficePackage.h"
 #include "platform/media/XMLHandlerPair.h"
 #include "platform/media/ZipContainer.h"
-#include "platform/types/UTType.h"
 
 #include <map>
 #include <set>
@@ -129,15 +129,9 @@ void BookReader::readChapter(const std::string& name)
         bytes += data.substr(0, limit - bytes.size());
         return bytes.size() < limit;
     });
-    ContentSource chapter;
-    chapter.bytes = bytes;
-    chapter.typeIdentifier = kUTTypeHTML;
-    chapter.name = name;
     m_sink.breakLine();
-    const auto depth = m_sink.containerDepth();
-    m_sink.setContainerDepth(depth + 1);
-    (void)readContentInto(chapter, m_sink);
-    m_sink.setContainerDepth(depth);
+    // A chapter's title is a heading of the chapter, not the book's title.
+    (void)renderHTMLText(bytes, {}, [this](std::string_view text) { return m_sink.append(text); });
 }
 
 } // namespace

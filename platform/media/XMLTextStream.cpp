@@ -19,7 +19,11 @@ constexpr std::size_t kChunkByteCount = 16384;
 constexpr std::size_t kFieldsPerAttribute = 5;
 
 struct ContextCloser {
-    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+    void operator()(xmlParserCtxt* context) const
+    {
+        xmlFreeDoc(context->myDoc); // Made for a document type's declarations even where no tree is built.
+        xmlFreeParserCtxt(context);
+    }
 };
 
 std::string_view viewOf(const xmlChar* name)
@@ -95,8 +99,8 @@ XMLTextStream::Parser::Parser(XMLHandler& handler, ContentSink& sink)
     m_context.reset(xmlCreatePushParserCtxt(&callbacks, this, nullptr, 0, nullptr));
     if (!m_context)
         throw std::bad_alloc();
-    // Without substitution an ampersand in an attribute would stay escaped; as nothing keeps declared
-    // entities, only the predefined ones are ever substituted.
+    // Without substitution an ampersand in an attribute would stay escaped; as no callback looks declared
+    // entities up, only the predefined ones are ever substituted.
     (void)xmlCtxtUseOptions(
         m_context.get(), // What it returns are the options it does not know; it knows these.
         XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
