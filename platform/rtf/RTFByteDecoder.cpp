@@ -1,0 +1,55 @@
+#include "platform/rtf/RTFByteDecoder.h"
+
+#include "platform/foundation/Unicode.h"
+#include "platform/rtf/RTFCodePages.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t kMostCollectedBytes = 65536;
+
+bool isASCII(std::string_view bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+} // namespace
+
+void RTFByteDecoder::append(std::string_view bytes, std::uint16_t codePage, std::string& text)
+{
+    if (m_codePage != codePage)
+        flush(text);
+    m_codePage = codePage;
+    // Without a first half before it ASCII is itself in every code page.
+    if (m_bytes.empty() && isASCII(bytes)) {
+        text += bytes;
+        return;
+    }
+    m_bytes += bytes;
+    if (m_bytes.size() > kMostCollectedBytes)
+        flush(text);
+}
+
+void RTFByteDecoder::flush(std::string& text)
+{
+    if (m_bytes.empty())
+        return;
+    if (auto& decoder = decoderForCodePage(m_codePage)) {
+        decoder->append(m_bytes, text);
+        decoder->finish(text);
+    } else {
+        text += validUTF8(m_bytes);
+    }
+    m_bytes.clear();
+}
+
+std::optional<TextDecoder>& RTFByteDecoder::decoderForCodePage(std::uint16_t codePage)
+{
+    const auto found = m_decoders.find(codePage);
+    if (found != m_decoders.end())
+        return found->second;
+    return m_decoders.emplace(codePage, TextDecoder::createWithCharset(charsetNameForCodePage(codePage)))
+        .first->second;
+}
