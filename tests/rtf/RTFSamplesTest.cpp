@@ -22,6 +22,9 @@ std::string bytesOf(const fs::path& path)
     return bytes.str();
 }
 
+// Whether an attachment shows depends on its file, which this reader does not look for.
+constexpr char32_t kAttachment = 0xFFFC;
+
 using WordCounts = std::map<std::string, int>;
 
 WordCounts wordsOf(const std::string& text)
@@ -32,7 +35,7 @@ WordCounts wordsOf(const std::string& text)
         const auto character = nextCodePoint(text, offset);
         if (u_isalnum(static_cast<UChar32>(character)) != 0) {
             appendUTF8(word, character);
-        } else if (!word.empty()) {
+        } else if (character != kAttachment && !word.empty()) {
             ++words[word];
             word.clear();
         }
