@@ -3,6 +3,7 @@
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/xpc/BusHandles.h"
+#include "platform/xpc/NSXPCEncoder.h"
 
 #include <systemd/sd-bus.h>
 

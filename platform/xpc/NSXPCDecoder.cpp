@@ -1,16 +1,10 @@
-#include "platform/xpc/NSXPCCoding.h"
+#include "platform/xpc/NSXPCDecoder.h"
 
 #include <systemd/sd-bus.h>
 
 #include <cerrno>
 #include <memory>
 #include <utility>
-
-namespace {
-
-constexpr unsigned kMaximumErrorDepth = 8;
-
-} // namespace
 
 void NSXPCDecoder::note(int result)
 {

@@ -1,13 +1,12 @@
+#include "platform/xpc/NSXPCEncoder.h"
+
 #include "platform/foundation/Unicode.h"
-#include "platform/xpc/NSXPCCoding.h"
 
 #include <systemd/sd-bus.h>
 
 #include <algorithm>
 
 namespace {
-
-constexpr unsigned kMaximumErrorDepth = 8;
 
 // The wire's strings end at a NUL.
 std::string wireText(std::string_view text)

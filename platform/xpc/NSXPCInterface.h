@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/foundation/NSObject.h"
-#include "platform/xpc/NSXPCCoding.h"
+#include "platform/xpc/NSXPCDecoder.h"
 
 #include <functional>
 #include <memory>

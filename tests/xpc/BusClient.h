@@ -1,7 +1,8 @@
 #pragma once
 
 #include "platform/xpc/BusHandles.h"
-#include "platform/xpc/NSXPCCoding.h"
+#include "platform/xpc/NSXPCDecoder.h"
+#include "platform/xpc/NSXPCEncoder.h"
 
 #include <functional>
 #include <string>

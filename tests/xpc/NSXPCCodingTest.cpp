@@ -1,7 +1,7 @@
-#include "platform/xpc/NSXPCCoding.h"
-
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/xpc/BusHandles.h"
+#include "platform/xpc/NSXPCDecoder.h"
+#include "platform/xpc/NSXPCEncoder.h"
 
 #include <gtest/gtest.h>
 #include <systemd/sd-bus.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/NSError.h"
+#include "platform/xpc/NSXPCDictionary.h"
 
 #include <cstddef>
 #include <map>
@@ -9,47 +9,6 @@
 #include <vector>
 
 struct sd_bus_message;
-
-/// What travels in a reply: texts and errors by key. On the wire it is `a{sv}`; an error is itself an `a{sv}`
-/// with the keys "domain" (s), "code" (i) and "userInfo" (a{sv}).
-using NSXPCDictionary = std::map<std::string, NSErrorValue>;
-
-/// Per name, a dictionary of texts: `a{sa{sv}}` on the wire.
-using NSXPCStringDictionaries = std::map<std::string, std::map<std::string, std::string>>;
-
-/// Appends values to a message, in the order of its signature. The first failure sticks and makes the rest do
-/// nothing. Texts are written as valid UTF-8 without NULs: what cannot be sent as it is gets replaced by
-/// U+FFFD.
-class NSXPCEncoder {
-public:
-    /// `message` is borrowed.
-    explicit NSXPCEncoder(sd_bus_message* message)
-        : m_message(message)
-    {
-    }
-
-    void encodeString(std::string_view text);
-    void encodeData(std::string_view bytes);
-    void encodeStrings(const std::vector<std::string>& texts);
-    void encodeStringDictionaries(const NSXPCStringDictionaries& dictionaries);
-    /// Errors within errors are written to a depth of 8; what lies deeper is left out.
-    void encodeDictionary(const NSXPCDictionary& dictionary);
-
-    /// 0, or the negative errno of what went wrong.
-    [[nodiscard]] int result() const { return m_result; }
-
-private:
-    void encodeDictionary(const NSXPCDictionary& dictionary, unsigned depth);
-    void encodeValue(const NSErrorValue& value, unsigned depth);
-    void encodeError(const NSError& error, unsigned depth);
-    void encodeTextEntry(std::string_view key, std::string_view text);
-    void open(char type, const char* contents);
-    void close();
-    void note(int result);
-
-    sd_bus_message* m_message;
-    int m_result = 0;
-};
 
 /// Takes the values out of a message, in the order of its signature. The first failure sticks; what is read
 /// after it is empty. Views point into the message and live as long as it does.
