@@ -2,7 +2,8 @@
 
 #include "client/ServiceLauncher.h"
 #include "platform/xpc/BusHandles.h"
-#include "platform/xpc/NSXPCCoding.h"
+#include "platform/xpc/NSXPCDecoder.h"
+#include "platform/xpc/NSXPCEncoder.h"
 #include "platform/xpc/PeerIdentity.h"
 #include "platform/xpc/UnixSocket.h"
 
