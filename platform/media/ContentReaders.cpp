@@ -3,6 +3,9 @@
 #include "platform/media/LegacyWordReader.h"
 #include "platform/media/OfficeOpenXMLReader.h"
 #include "platform/media/OpenDocumentReader.h"
+#include "platform/media/PDFReader.h"
+#include "platform/media/PlainTextReader.h"
+#include "platform/media/RTFReader.h"
 #include "platform/types/UTType.h"
 
 #include <array>
@@ -24,6 +27,10 @@ constexpr std::array kReaders {
     Row {"org.oasis-open.opendocument.flat", readOpenDocument},
     Row {"org.idpf.epub-container", readEPUB},
     Row {"com.microsoft.word.doc", readLegacyWord},
+    Row {kUTTypePDF, readPDF},
+    Row {kUTTypeRTF, readRTF},
+    Row {kUTTypeRTFD, readRTF},
+    Row {kUTTypePlainText, readPlainText},
 };
 
 } // namespace
