@@ -1,0 +1,38 @@
+#include "service/MailText.h"
+
+#include "platform/foundation/FileDescriptor.h"
+#include "platform/media/ContentLimits.h"
+#include "platform/media/MCOMessageParser.h"
+#include "service/JoinedLines.h"
+
+#include <cerrno>
+#include <vector>
+
+std::optional<std::string> readMailMessage(const NSURL& url, NSError* error)
+{
+    const auto file = FileDescriptor::openForReading(url.path());
+    auto bytes = file.isValid() ? readFile(file.get(), ContentLimits().wholeFileBytes) : std::nullopt;
+    if (!bytes)
+        setError(error, NSError::errorWithErrno(errno, url.path()));
+    return bytes;
+}
+
+std::optional<std::string> textOfMailMessage(const NSURL& url, NSError* error)
+{
+    const auto bytes = readMailMessage(url, error);
+    if (!bytes)
+        return std::nullopt;
+    const MCOMessageParser parser(*bytes);
+    const auto& header = parser.header();
+    std::vector<std::string> pieces;
+    if (header.from)
+        pieces.push_back(header.from->nonEncodedRFC822String());
+    for (const auto* addresses : {&header.to, &header.cc, &header.bcc}) {
+        for (const auto& address : *addresses)
+            pieces.push_back(address.nonEncodedRFC822String());
+    }
+    if (header.subject)
+        pieces.push_back(*header.subject);
+    pieces.push_back(parser.plainTextBodyRenderingAndStripWhitespace(true));
+    return joinedLines(pieces);
+}
