@@ -13,8 +13,9 @@ struct WordPiece {
     bool isWide = false;
 };
 
-/// The pieces of the text, in the text's order, from the table's bytes. `WideText::Never` for files from
-/// before Unicode. Pieces that the table's own bounds contradict are left out; where the pieces point is the
-/// caller's to check.
+/// Whether a piece may be in UTF-16: never in files from before Unicode.
 enum class WideText { Never, ByPiece };
+
+/// The pieces of the text, in the text's order, from the table's bytes. Pieces of no length are left out, and
+/// a table that makes no sense gives none; where the pieces point is the caller's to check.
 [[nodiscard]] std::vector<WordPiece> wordPieces(std::string_view table, WideText wideText);

@@ -14,6 +14,8 @@
 namespace {
 
 constexpr std::size_t kChunkByteCount = 16384;
+/// Bytes before the outermost element. The library reads a document type anew with every chunk until it ends.
+constexpr std::size_t kPrologByteLimit = std::size_t{256} << 10;
 /// libxml2 hands attributes over as five pointers each: local name, prefix, namespace, start and end of the
 /// value.
 constexpr std::size_t kFieldsPerAttribute = 5;
@@ -82,6 +84,8 @@ private:
     std::unique_ptr<xmlParserCtxt, ContextCloser> m_context;
     std::exception_ptr m_exception;
     std::size_t m_depth = 0;
+    std::size_t m_prologByteCount = 0;
+    bool m_hasRoot = false;
     bool m_isCut = false;
     bool m_isOver = false;
 };
@@ -111,8 +115,11 @@ bool XMLTextStream::Parser::append(std::string_view bytes)
     while (!bytes.empty() && !m_isOver) {
         const auto chunk = bytes.substr(0, kChunkByteCount);
         bytes.remove_prefix(chunk.size());
+        m_prologByteCount += m_hasRoot ? 0 : chunk.size();
         if (m_sink.isFull())
             stop();
+        else if (m_prologByteCount > kPrologByteLimit)
+            m_isOver = true;
         else
             m_isOver = !parse(chunk, false) || m_isOver;
     }
@@ -165,6 +172,7 @@ void XMLTextStream::Parser::onStart(void* self, const xmlChar* name, const xmlCh
 {
     auto& parser = *static_cast<Parser*>(self);
     parser.guarded([&] {
+        parser.m_hasRoot = true;
         if (++parser.m_depth > parser.m_sink.limits().nesting) {
             parser.m_sink.noteCut("a part was cut at the limit of its nesting");
             parser.stop();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 std::string textOf(std::string_view xml)
@@ -23,7 +25,7 @@ TEST(OfficeTextHandler, KeepsWhatIsSeen)
         std::string_view text;
     };
 
-    constexpr Case kCases[]{
+    const std::vector<Case> cases{
         {"<d><p><r><t>one</t></r><r><t> two</t></r></p><p><r><t>three</t></r></p></d>", "one two\nthree\n"},
         {"<d><p><pPr><tabs><tab/></tabs></pPr><t>a</t><tab/><t>b</t><br/><t>c</t><cr/><t>d</t></p></d>",
          "a b\nc\nd\n"},
@@ -42,7 +44,7 @@ TEST(OfficeTextHandler, KeepsWhatIsSeen)
         {"<text><r><t>a</t></r> <r><t>b</t></r></text>", "ab"},
         {"<c><comment><text>one</text></comment><comment><text>two</text></comment></c>", "one\ntwo\n"},
     };
-    for (const auto& [xml, text] : kCases)
+    for (const auto& [xml, text] : cases)
         EXPECT_EQ(textOf(xml), text) << xml;
 }
 

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 std::string document(const std::string& body)
@@ -29,7 +31,7 @@ TEST(OpenDocumentReader, KeepsWhatIsSeen)
         std::string_view text;
     };
 
-    constexpr Case kCases[]{
+    const std::vector<Case> cases{
         {"<text:h>Head</text:h>\n<text:p>one <text:span>two</text:span></text:p>", "Head\none two\n"},
         {"<text:p>a<text:tab/>b<text:s text:c='3'/>c<text:line-break/>d</text:p>", "a b c\nd\n"},
         {"<text:p>word<text:note><text:note-citation>1</text:note-citation><text:note-body><text:p>note</"
@@ -50,7 +52,7 @@ TEST(OpenDocumentReader, KeepsWhatIsSeen)
         {"<draw:frame><draw:text-box><text:p>box</text:p></draw:text-box></draw:frame>", "box\n"},
         {"no paragraph", ""},
     };
-    for (const auto& [xml, text] : kCases)
+    for (const auto& [xml, text] : cases)
         EXPECT_EQ(flatText(std::string(xml)), text) << xml;
 }
 

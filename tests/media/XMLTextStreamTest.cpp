@@ -117,11 +117,26 @@ TEST(XMLTextStream, DoesNotExpandAnEntityBomb)
     std::string xml = "<!DOCTYPE t [<!ENTITY e0 'ha'>";
     for (int level = 1; level < 30; ++level) {
         const auto name = "&e" + std::to_string(level - 1) + ";";
-        xml += "<!ENTITY e" + std::to_string(level) + " '" + name + name + "'>";
+        xml.append("<!ENTITY e")
+            .append(std::to_string(level))
+            .append(" '")
+            .append(name)
+            .append(name)
+            .append("'>");
     }
     std::string record;
     EXPECT_EQ(parse(xml + "]><t a='&e29;'>&e29;</t>", record), PartStatus::Damaged);
     EXPECT_LT(record.size(), 100U);
+}
+
+TEST(XMLTextStream, GivesUpOnADocumentTypeWithoutEnd)
+{
+    std::string xml = "<!DOCTYPE t [";
+    while (xml.size() < 2'000'000)
+        xml.append("<!ENTITY e").append(std::to_string(xml.size())).append(" 'text'>");
+    std::string record;
+    EXPECT_EQ(parse(xml + "]><t>text</t>", record), PartStatus::Damaged);
+    EXPECT_EQ(record, "");
 }
 
 TEST(XMLTextStream, CutsAtTheLimitOfNesting)
