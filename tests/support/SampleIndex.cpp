@@ -79,13 +79,16 @@ std::vector<Sample> samplesOf(std::string_view category)
         Sample sample;
         std::string mustFind;
         std::string softFind;
+        std::string attachments;
         std::getline(fields, sample.file, '\t');
         std::getline(fields, sample.verdict, '\t');
         std::getline(fields, mustFind, '\t');
         std::getline(fields, softFind, '\t');
+        std::getline(fields, attachments, '\t');
         sample.path = (folder / sample.file).native();
         sample.mustFind = split(mustFind, " | ");
         sample.softFind = split(softFind, " | ");
+        sample.attachments = split(attachments, " | ");
         samples.push_back(std::move(sample));
     }
     return samples;

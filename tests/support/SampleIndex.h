@@ -12,6 +12,8 @@ struct Sample {
     std::string verdict;
     std::vector<std::string> mustFind;
     std::vector<std::string> softFind;
+    /// Of messages only: `name <type>` of each attachment.
+    std::vector<std::string> attachments;
 };
 
 /// The rows of the folder `category`; empty when the samples are not on this machine.
