@@ -2,6 +2,7 @@
 
 #include "platform/media/ContentReader.h"
 #include "platform/media/MCOMessageParser.h"
+#include "tests/support/ReadWith.h"
 #include "tests/support/SampleIndex.h"
 
 #include <gtest/gtest.h>
@@ -148,8 +149,7 @@ TEST_F(MailSamples, AreReadAsFilesToo)
 {
     for (const auto& sample : m_samples) {
         const auto bytes = bytesOf(sample);
-        const auto content
-            = readContent({.bytes = bytes, .typeIdentifier = "public.email-message", .name = sample.file});
+        const auto content = readContent(sourceOfBytes(bytes, "public.email-message"));
         EXPECT_EQ(content.status, ContentStatus::Read) << sample.file;
         if (sample.verdict == "must") {
             EXPECT_EQ(missingTerms(SampleText(content.text), wordsWithin(sample.mustFind)),

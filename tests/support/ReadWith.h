@@ -5,14 +5,28 @@
 #include <string_view>
 #include <utility>
 
+[[nodiscard]] inline ContentSource sourceOfBytes(std::string_view bytes, std::string_view typeIdentifier = {})
+{
+    ContentSource source;
+    source.bytes = bytes;
+    source.typeIdentifier = typeIdentifier;
+    return source;
+}
+
+[[nodiscard]] inline ContentSource sourceOfFile(int fileDescriptor, std::string_view typeIdentifier = {})
+{
+    ContentSource source;
+    source.fileDescriptor = fileDescriptor;
+    source.typeIdentifier = typeIdentifier;
+    return source;
+}
+
 /// What `reader` makes of `bytes`.
 [[nodiscard]] inline Content readWith(ContentReader reader, std::string_view bytes,
                                       const ContentLimits& limits = {})
 {
-    ContentSource source;
-    source.bytes = bytes;
     ContentSink sink(limits);
-    auto result = reader(source, sink);
+    auto result = reader(sourceOfBytes(bytes), sink);
     return sink.takeContent(result.status, std::move(result.reason));
 }
 
