@@ -19,7 +19,6 @@ namespace {
 
 constexpr mode_t kSocketMode = 0600;
 constexpr std::chrono::seconds kLockTime{5};
-constexpr std::chrono::milliseconds kLockPollTime{5};
 
 bool report(NSError* error, int code, const std::string& what)
 {
