@@ -27,10 +27,10 @@ std::vector<MCOAddress> addressesOfField(const MIMEHeader& header, std::string_v
 {
     std::vector<MCOAddress> addresses;
     for (const auto value : header.values(name)) {
-        for (auto& mailbox : mailboxesInField(value)) {
-            if (addresses.size() < kAddressCount)
-                addresses.emplace_back(std::move(mailbox.displayName), std::move(mailbox.address));
-        }
+        if (addresses.size() >= kAddressCount)
+            break;
+        for (auto& mailbox : mailboxesInField(value))
+            addresses.emplace_back(std::move(mailbox.displayName), std::move(mailbox.address));
     }
     return addresses;
 }

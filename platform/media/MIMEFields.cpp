@@ -84,17 +84,47 @@ std::string trimmed(std::string_view text)
     return std::string(text.substr(start, text.find_last_not_of(kBlanks) - start + 1));
 }
 
-void addMailboxes(InternetAddressList* list, std::vector<MIMEMailbox>& mailboxes)
+void addMailbox(InternetAddress* address, std::vector<MIMEMailbox>& mailboxes)
 {
+    if (!INTERNET_ADDRESS_IS_MAILBOX(address))
+        return;
+    const auto* const text = internet_address_mailbox_get_addr(INTERNET_ADDRESS_MAILBOX(address));
+    mailboxes.push_back({trimmed(textOf(internet_address_get_name(address))), trimmed(textOf(text))});
+}
+
+// Groups hold mailboxes; the library lets them hold groups as well, to any depth.
+void addMailboxes(InternetAddressList* list, std::vector<MIMEMailbox>& mailboxes, std::size_t depth = 0)
+{
+    constexpr std::size_t kGroupDepth = 4;
     for (int index = 0; list && index < internet_address_list_length(list); ++index) {
         auto* const address = internet_address_list_get_address(list, index);
-        if (INTERNET_ADDRESS_IS_GROUP(address))
-            addMailboxes(internet_address_group_get_members(INTERNET_ADDRESS_GROUP(address)), mailboxes);
-        else if (INTERNET_ADDRESS_IS_MAILBOX(address))
-            mailboxes.push_back(
-                {trimmed(textOf(internet_address_get_name(address))),
-                 trimmed(textOf(internet_address_mailbox_get_addr(INTERNET_ADDRESS_MAILBOX(address))))});
+        addMailbox(address, mailboxes);
+        if (INTERNET_ADDRESS_IS_GROUP(address) && depth < kGroupDepth)
+            addMailboxes(internet_address_group_get_members(INTERNET_ADDRESS_GROUP(address)), mailboxes,
+                         depth + 1);
     }
+}
+
+/// Takes whole addresses off the start of a list, about a kilobyte of them: the library's time grows with the
+/// square of their number, its stack with what is nested.
+std::string takeAddresses(std::string_view& list)
+{
+    constexpr std::size_t kEnoughByteCount = 1024;
+    constexpr std::size_t kMaximumByteCount = 4096;
+    bool isQuoted = false;
+    std::size_t length = 0;
+    while (length < std::min(list.size(), kMaximumByteCount)) {
+        const char byte = list[length++];
+        if (byte == '\\')
+            ++length;
+        else if (byte == '"')
+            isQuoted = !isQuoted;
+        else if (length >= kEnoughByteCount && !isQuoted && (byte == ',' || byte == ';'))
+            break;
+    }
+    std::string taken(list.substr(0, length));
+    list.remove_prefix(taken.size());
+    return taken;
 }
 
 GMimeContentEncoding encodingNamed(std::string_view name)
@@ -118,9 +148,12 @@ std::string decodedFieldText(std::string_view value)
 std::vector<MIMEMailbox> mailboxesInField(std::string_view value)
 {
     const auto prepared = unifiedEncodedWords(preparedValue(value));
-    const GLibObject<InternetAddressList> list(internet_address_list_parse(nullptr, prepared.c_str()));
     std::vector<MIMEMailbox> mailboxes;
-    addMailboxes(list.get(), mailboxes);
+    for (std::string_view rest = prepared; !rest.empty();) {
+        const auto addresses = takeAddresses(rest);
+        const GLibObject<InternetAddressList> list(internet_address_list_parse(nullptr, addresses.c_str()));
+        addMailboxes(list.get(), mailboxes);
+    }
     return mailboxes;
 }
 

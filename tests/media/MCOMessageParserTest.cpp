@@ -122,6 +122,8 @@ TEST(MCOMessageParser, FindsRecipientsInAnyNotation)
               (Texts{"a@x.org", "b@x.org", "\"C, D\" <c@x.org>", "E <e@x.org>"}));
     EXPECT_EQ(recipientsOf("Team: a@x.org, B <b@x.org>;, c@x.org"),
               (Texts{"a@x.org", "B <b@x.org>", "c@x.org"}));
+    EXPECT_EQ(recipientsOf(repeated("\"Long, long name\" <a@x.org>,\n ", 1000)),
+              Texts(1000, "\"Long, long name\" <a@x.org>"));
     EXPECT_EQ(recipientsOf("undisclosed-recipients:;"), Texts());
     EXPECT_EQ(recipientsOf("=?utf-8?B?w4Us?= =?utf-8?B?IMOW?= <a@x.org>"), (Texts{"\"Å, Ö\" <a@x.org>"}));
     EXPECT_EQ(recipientsOf("J\xC3\xB6 <j@x.org>"), (Texts{"Jö <j@x.org>"}));
