@@ -2,11 +2,18 @@
 
 #include "platform/foundation/FileDescriptor.h"
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+struct PDFPageText {
+    std::string text;
+    /// Whether reading was given up before the page's end.
+    bool isCut = false;
+};
 
 /// An open PDF as the PDF library reads it: lazily, page by page, never as a whole. Different files may be
 /// used on different threads at once; one file belongs to one thread at a time.
@@ -31,9 +38,10 @@ public:
     /// The number of pages that the file claims to have; it may lie. 0 while it is locked.
     [[nodiscard]] std::size_t pageCount() const;
     /// The text of a page as UTF-8, in reading order with words at line ends joined; empty for a page that is
-    /// not there or cannot be read. Now and then the file is opened anew to drop what the library keeps of
-    /// its pages.
-    [[nodiscard]] std::string textOfPage(std::size_t index);
+    /// not there or cannot be read. A page that takes longer than until `deadline`, or fills the memory,
+    /// gives what was read of it. Now and then the file is opened anew to drop what the library keeps of its
+    /// pages.
+    [[nodiscard]] PDFPageText textOfPage(std::size_t index, std::chrono::steady_clock::time_point deadline);
     /// An entry of the document's description, such as "Title"; empty when there is none.
     [[nodiscard]] std::string information(const std::string& key) const;
 

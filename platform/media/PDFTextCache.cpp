@@ -19,24 +19,34 @@ std::size_t PDFPageTexts::pageCount() const
 
 bool PDFPageTexts::isSpent()
 {
-    if (m_keptByteCount >= m_bounds->textBytes)
+    const bool isFull = m_keptByteCount >= m_bounds->textBytes;
+    const bool isLate = std::chrono::steady_clock::now() >= m_bounds->deadline;
+    if (isFull)
         m_cutNote = "the text of the pages was cut at its size limit";
-    else if (std::chrono::steady_clock::now() >= m_bounds->deadline)
+    else if (isLate)
         m_cutNote = "reading the pages was stopped at its time limit";
-    return !m_cutNote.empty();
+    return isFull || isLate;
+}
+
+std::string PDFPageTexts::readPage(std::size_t index, std::chrono::steady_clock::time_point deadline)
+{
+    auto page = m_file.textOfPage(index, deadline);
+    if (page.isCut && m_cutNote.empty())
+        m_cutNote = "a page took too much time or memory and was cut";
+    return std::move(page.text);
 }
 
 std::string PDFPageTexts::textOfPage(std::size_t index)
 {
     if (!m_bounds)
-        return m_file.textOfPage(index);
+        return readPage(index, std::chrono::steady_clock::now() + ContentLimits().time);
     if (index < m_texts.size() && m_texts[index])
         return *m_texts[index];
     if (isSpent() || index >= pageCount())
         return {};
     if (index >= m_texts.size())
         m_texts.resize(index + 1);
-    m_texts[index] = m_file.textOfPage(index);
+    m_texts[index] = readPage(index, m_bounds->deadline);
     m_keptByteCount += m_texts[index]->size();
     return *m_texts[index];
 }

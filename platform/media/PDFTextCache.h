@@ -38,6 +38,7 @@ public:
 
 private:
     [[nodiscard]] bool isSpent();
+    [[nodiscard]] std::string readPage(std::size_t index, std::chrono::steady_clock::time_point deadline);
 
     PDFFile m_file;
     std::optional<Bounds> m_bounds;
