@@ -132,7 +132,8 @@ public:
     void text(std::string_view text) override
     {
         if (m_isInTitle)
-            m_title.append(text.substr(0, kTitleByteCount - std::min(kTitleByteCount, m_title.size())));
+            m_title.append(
+                prefixAtCharacterBorder(text, kTitleByteCount - std::min(kTitleByteCount, m_title.size())));
         else if (m_preformattedDepth > 0)
             m_assembler.addPreformatted(text);
         else
@@ -168,7 +169,7 @@ public:
             return true;
         };
         TextAssembler assembler(appendTo);
-        assembler.addCollapsed(prefixAtCharacterBorder(m_title, kTitleByteCount));
+        assembler.addCollapsed(m_title);
         assembler.finish();
         return collapsed;
     }

@@ -40,7 +40,8 @@ std::size_t lengthBefore(std::string_view text, std::string_view ends)
 
 void appendBounded(std::string& target, std::string_view text, std::size_t maximumByteCount)
 {
-    target.append(text.substr(0, maximumByteCount - std::min(maximumByteCount, target.size())));
+    target.append(
+        prefixAtCharacterBorder(text, maximumByteCount - std::min(maximumByteCount, target.size())));
 }
 
 void appendName(std::string& name, std::string_view text)
@@ -334,10 +335,8 @@ void HTMLTokenizer::finishTag()
         return m_handler.endTag(m_tag.name);
     if (m_tag.attributes.size() > kAttributeCount)
         m_tag.attributes.pop_back();
-    for (auto& attribute : m_tag.attributes) {
-        const auto whole = prefixAtCharacterBorder(attribute.value, kValueByteCount);
-        attribute.value = decodedCharacterReferences(whole);
-    }
+    for (auto& attribute : m_tag.attributes)
+        attribute.value = decodedCharacterReferences(attribute.value);
     m_handler.startTag(m_tag);
     if (!m_tag.isSelfClosing && contentKindOfElement(m_tag.name) != HTMLContentKind::Markup) {
         m_element = m_tag.name;

@@ -181,6 +181,16 @@ TEST(HTMLText, GivesValidTextForAnyCut)
     }
 }
 
+TEST(HTMLText, CutsLongTitlesAndAttributesBetweenCharacters)
+{
+    for (const auto* start : {"", "x", "xx"}) {
+        const auto page = rendered("<title>" + (start + repeated("€", 2000)) + "</title>", "utf-8");
+        EXPECT_TRUE(isValidUTF8(page.title));
+        EXPECT_GT(page.title.size(), 4090U);
+        EXPECT_TRUE(isValidUTF8(rendered("<img alt='" + (start + repeated("€", 2000)) + "'>", "utf-8").text));
+    }
+}
+
 TEST(HTMLText, RendersNothingForNothing)
 {
     EXPECT_EQ(textOf(""), "");
