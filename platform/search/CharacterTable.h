@@ -7,7 +7,7 @@
 
 /// The lower-case forms of the ASCII letters and digits; NUL for all other ASCII characters.
 inline constexpr auto kFoldedASCII = [] {
-    std::array<char, 128> table {};
+    std::array<char, 128> table{};
     for (std::size_t digit = '0'; digit <= '9'; ++digit)
         table[digit] = static_cast<char>(digit);
     for (std::size_t letter = 'a'; letter <= 'z'; ++letter) {

@@ -51,7 +51,6 @@ INSERT INTO fulltext(fulltext, rank) VALUES('rank', 'bm25(4.0, 1.0)');
 constexpr const char* kConnectionSettings = R"sql(
 PRAGMA synchronous = FULL;
 PRAGMA secure_delete = ON;
-PRAGMA trusted_schema = OFF;
 PRAGMA cell_size_check = ON;
 )sql";
 
@@ -94,7 +93,9 @@ void addFunction(sqlite3* database, const char* name,
 
 void prepareConnection(SQLiteDatabase& database)
 {
-    sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    (void)sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_DEFENSIVE, 1,
+                            nullptr); // Cannot fail on an open one.
+    (void)sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     addFunction(database.handle(), "corvel_name", nameFunction);
     addFunction(database.handle(), "corvel_text", textFunction);
     const int code = registerFTS5Tokenizer(database.handle());
@@ -143,9 +144,8 @@ std::unique_ptr<SQLiteDatabase> connect(const std::string& path, SQLiteOpen mode
     auto database = std::make_unique<SQLiteDatabase>(path, mode, timeout);
     prepareConnection(*database);
     // The first question to the file: fails here if it is damaged, and not in the middle of a request.
-    if (database->integer("SELECT count(*) FROM sqlite_schema WHERE name IN ('node', 'document', 'fulltext')")
-        != 3)
-        throw SQLiteError(SQLITE_CORRUPT, "a table is missing");
+    for (const char* table : {"node", "document", "fulltext"})
+        database->requireTable(table);
     return database;
 }
 

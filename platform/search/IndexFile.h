@@ -15,8 +15,8 @@ namespace IndexFile {
 /// "Crvl", in SQLite's header.
 inline constexpr std::int64_t kApplicationID = 0x4372766C;
 inline constexpr int kFormatVersion = 1;
-/// How long one writer waits for another.
-inline constexpr std::chrono::milliseconds kDefaultBusyTimeout = std::chrono::seconds(20);
+/// How long one writer waits for another; longer than any one request may take.
+inline constexpr std::chrono::milliseconds kDefaultBusyTimeout = std::chrono::minutes(2);
 
 enum class Error : int {
     /// The file is there already, or cannot be made.

@@ -205,6 +205,14 @@ std::optional<std::int64_t> SQLiteDatabase::integer(std::string_view sql) const
     return statement.integer(0);
 }
 
+void SQLiteDatabase::requireTable(const char* name) const
+{
+    const int code = sqlite3_table_column_metadata(m_database.get(), "main", name, nullptr, nullptr, nullptr,
+                                                   nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        failOn(m_database.get(), code);
+}
+
 bool SQLiteDatabase::isReadOnly() const
 {
     return sqlite3_db_readonly(m_database.get(), "main") != 0;

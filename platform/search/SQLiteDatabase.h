@@ -99,6 +99,8 @@ public:
 
     /// The first column of the first row; none without a row.
     [[nodiscard]] std::optional<std::int64_t> integer(std::string_view sql) const;
+    /// Reads the schema if need be. @throws SQLiteError when it is damaged or has no such table.
+    void requireTable(const char* name) const;
     [[nodiscard]] bool isReadOnly() const;
     [[nodiscard]] bool isInTransaction() const;
     [[nodiscard]] std::int64_t lastInsertedRow() const;

@@ -1,7 +1,10 @@
 #include "platform/search/SearchQuery.h"
 
+#include "platform/foundation/Unicode.h"
+#include "platform/search/CharacterTable.h"
 #include "platform/search/Tokenizer.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -21,6 +24,17 @@ public:
 bool isSpace(char character)
 {
     return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+// Where no spaces tell words apart, what a person types may well end within one.
+bool mayEndWithinAWord(std::string_view text)
+{
+    auto last = text.size();
+    while (last > 0 && (static_cast<unsigned char>(text[last - 1]) & 0xC0U) == 0x80)
+        --last;
+    if (last == 0)
+        return false;
+    return CharacterTable::character(nextCodePoint(text, --last)).kind == CharacterKind::Dictionary;
 }
 
 bool isSpecial(char character)
@@ -112,12 +126,13 @@ public:
 
     std::optional<std::string> parse(std::string& problem)
     {
-        Expression whole;
+        std::vector<Expression> parts;
         while (m_lexer.current().kind != Kind::End) {
-            whole = joined(whole, " AND ", alternatives(0));
+            parts.push_back(alternatives(0));
             if (m_lexer.current().kind == Kind::Close)
                 m_lexer.advance(); // A bracket that closes nothing.
         }
+        auto whole = list(parts, " AND ");
         if (m_problem.empty() && whole.empty())
             m_problem = "there is no word to search for";
         problem = m_problem;
@@ -125,22 +140,18 @@ public:
     }
 
 private:
-    static Expression joined(const Expression& left, std::string_view with, const Expression& right)
-    {
-        if (left.empty() || right.empty())
-            return left.empty() ? right : left;
-        return "(" + left + std::string(with) + right + ")";
-    }
-
-    // FTS5 takes operators of one kind in a flat list of any length, but nests only so deep.
+    // Operators of one kind stand in a flat list, which FTS5 takes at any length; brackets it nests only so
+    // deep, so that none are spent on a single part.
     static Expression list(const std::vector<Expression>& parts, std::string_view with)
     {
         Expression text;
+        std::size_t count = 0;
         for (const auto& part : parts) {
-            if (!part.empty())
-                text.append(text.empty() ? "" : with).append(part);
+            if (part.empty())
+                continue;
+            text.append(count++ == 0 ? "" : with).append(part);
         }
-        return text.empty() ? text : "(" + text + ")";
+        return count > 1 ? "(" + text + ")" : text;
     }
 
     Expression alternatives(std::size_t depth)
@@ -209,7 +220,7 @@ private:
                 quoted += character;
         }
         quoted += '"';
-        return lexeme.prefix ? quoted + " *" : quoted;
+        return lexeme.prefix || mayEndWithinAWord(lexeme.text) ? quoted + " *" : quoted;
     }
 
     void fail(const char* problem)

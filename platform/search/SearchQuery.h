@@ -18,7 +18,8 @@
 class SearchQuery {
 public:
     static constexpr std::size_t kMaximumTermCount = 1000;
-    static constexpr std::size_t kMaximumNesting = 50;
+    /// Each of ours may become three of FTS5's, whose parser has room for about thirty.
+    static constexpr std::size_t kMaximumNesting = 8;
 
     /// The expression for FTS5's MATCH; none, with the reason in `problem`, when the query has nothing to
     /// search for, only excludes, or is larger than the bounds above.

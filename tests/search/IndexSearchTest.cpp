@@ -54,6 +54,15 @@ TEST_F(IndexSearchTest, FindsAnyPieceOfUnspacedText)
     EXPECT_EQ(found("まだ*"), (Paths{"/1"}));
 }
 
+TEST_F(IndexSearchTest, FindsThaiWordsAlsoByTheirBeginning)
+{
+    ASSERT_TRUE(add("/1", "มาตรฐานรหัสสำหรับอักขระไทย"));
+    EXPECT_EQ(found("รหัส"), (Paths {"/1"}));
+    EXPECT_EQ(found("\"รหัสสำหรับอั\""), (Paths {"/1"}));
+    EXPECT_EQ(found("สำหรับอักขระ"), (Paths {"/1"}));
+    EXPECT_EQ(found("ภาษา"), Paths());
+}
+
 TEST_F(IndexSearchTest, FindsWordsOfTheName)
 {
     ASSERT_TRUE(add("/pictures/IMG2024RomeTrip.jpg", ""));
