@@ -7,6 +7,7 @@ find_package(nlohmann_json 3.11 REQUIRED)
 
 pkg_check_modules(SQLITE REQUIRED IMPORTED_TARGET sqlite3>=3.40)
 pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc>=72 icu-i18n>=72)
+pkg_check_modules(ZLIB REQUIRED IMPORTED_TARGET zlib>=1.2)
 pkg_check_modules(ZSTD REQUIRED IMPORTED_TARGET libzstd>=1.5)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0>=2.74)
 pkg_check_modules(GMIME REQUIRED IMPORTED_TARGET gmime-3.0>=3.2)

@@ -2,6 +2,7 @@
 #include "platform/media/EPUBReader.h"
 #include "platform/media/EmailReader.h"
 #include "platform/media/HTMLReader.h"
+#include "platform/media/ImageDescriptionReader.h"
 #include "platform/media/LegacyWordReader.h"
 #include "platform/media/OfficeOpenXMLReader.h"
 #include "platform/media/OpenDocumentReader.h"
@@ -38,6 +39,8 @@ constexpr std::array kReaders{
     Row{kUTTypeEmailMessage, readEmail},
     Row{kUTTypeHTML, readHTML},
     Row{"public.xml", readXML},
+    Row{kUTTypeText, readPlainText},
+    Row{kUTTypeImage, readImageDescription},
 };
 
 } // namespace
