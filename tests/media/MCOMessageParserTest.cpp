@@ -85,9 +85,9 @@ TEST(MCOMessageParser, HasNoFieldsWhereTheMessageHasNone)
 {
     for (const auto* message : {"", "\n", "X-Other: x\n\nText", "just text"}) {
         const MCOMessageParser parser(message);
-        EXPECT_FALSE(parser.header().from) << message;
-        EXPECT_FALSE(parser.header().subject) << message;
-        EXPECT_TRUE(parser.header().to.empty()) << message;
+        const auto& header = parser.header();
+        EXPECT_FALSE(header.from || header.subject) << message;
+        EXPECT_EQ(header.to.size() + header.cc.size() + header.bcc.size(), 0U) << message;
         EXPECT_TRUE(parser.attachments().empty()) << message;
     }
     EXPECT_EQ(bodyOf("just text"), "just text");
@@ -95,12 +95,10 @@ TEST(MCOMessageParser, HasNoFieldsWhereTheMessageHasNone)
 
 TEST(MCOMessageParser, ReadsHeadersThatBeginOrEndOddly)
 {
-    EXPECT_EQ(subjectOf("mbox"), "mbox");
-    EXPECT_EQ(MCOMessageParser("From a@b Thu Jan  1 00:00:00 1970\nSubject: x\n\n").header().subject, "x");
-    EXPECT_EQ(MCOMessageParser("\n\nSubject: x\n\n").header().subject, "x");
-    EXPECT_EQ(MCOMessageParser("\xEF\xBB\xBFSubject: x\n\n").header().subject, "x");
-    EXPECT_EQ(MCOMessageParser(" stray\nSubject : x\n\n").header().subject, "x");
-    EXPECT_EQ(MCOMessageParser("Subject: x").header().subject, "x");
+    for (const auto* message :
+         {"Subject: x", "\n\nSubject: x\n\n", "\xEF\xBB\xBFSubject: x\n\n", " stray\nSubject : x\n\n",
+          "From a@b Thu Jan  1 00:00:00 1970\nSubject: x\n\n", "Subject: x\nno empty line"})
+        EXPECT_EQ(MCOMessageParser(message).header().subject, "x") << message;
     EXPECT_EQ(MCOMessageParser("Subject: x\n \n\ty\n\n").header().subject, "x \ty");
     EXPECT_EQ(bodyOf("Subject: x\nno empty line\nmore"), "no empty line\nmore");
 }
@@ -210,24 +208,30 @@ TEST(MCOMessageParser, KeepsAttachedFilesOutOfTheBody)
 
 TEST(MCOMessageParser, DecodesFileNames)
 {
-    const auto nameOf = [](const std::string& disposition) {
-        const auto message
-            = "Content-Disposition: attachment; " + disposition + "\nContent-Type: image/png\n\nx";
-        return MCOMessageParser(message).attachments().at(0).filename();
+    struct Case {
+        std::string_view parameters;
+        std::string_view filename;
     };
-    EXPECT_EQ(nameOf("filename=plain.png"), "plain.png");
-    EXPECT_EQ(nameOf("filename=\"a b;c.png\""), "a b;c.png");
-    EXPECT_EQ(nameOf("filename*=utf-8'en'%C3%A9.png"), "é.png");
-    EXPECT_EQ(nameOf("filename*0*=iso-8859-1''%E9t; filename*1*=%E9; filename*2=.png"), "été.png");
-    EXPECT_EQ(nameOf("filename=\"=?utf-8?B?w6k=?= =?utf-8?B?w6kucG5n?=\""), "éé.png");
-    EXPECT_EQ(nameOf("filename=\"\xC3\xA9.png\""), "é.png");
-    EXPECT_EQ(nameOf("filename=\"\xE4hm \xFC"
-                     "ber gr\xFC\xDF"
-                     "e.png\""),
-              "ähm über grüße.png");
-    EXPECT_EQ(nameOf(R"(filename="C:\temp\"new\".png")"), R"(C:\temp"new".png)");
-    EXPECT_EQ(nameOf("filename=\"../../etc/passwd\""), "../../etc/passwd");
-    EXPECT_EQ(nameOf("size=3"), "");
+
+    for (const auto& [parameters, filename] : std::initializer_list<Case>{
+             {"filename=plain.png", "plain.png"},
+             {"filename=\"a b;c.png\"", "a b;c.png"},
+             {"filename*=utf-8'en'%C3%A9.png", "é.png"},
+             {"filename*0*=iso-8859-1''%E9t; filename*1*=%E9; filename*2=.png", "été.png"},
+             {"filename=\"=?utf-8?B?w6k=?= =?utf-8?B?w6kucG5n?=\"", "éé.png"},
+             {"filename=\"\xC3\xA9.png\"", "é.png"},
+             {"filename=\"\xE4hm \xFC"
+              "ber gr\xFC\xDF"
+              "e.png\"",
+              "ähm über grüße.png"},
+             {R"(filename="C:\temp\"new\".png")", R"(C:\temp"new".png)"},
+             {"filename=\"../../etc/passwd\"", "../../etc/passwd"},
+             {"size=3", ""},
+         }) {
+        const auto message = "Content-Disposition: attachment; " + std::string(parameters)
+            + "\nContent-Type: image/png\n\nx";
+        EXPECT_EQ(MCOMessageParser(message).attachments().at(0).filename(), filename) << parameters;
+    }
 }
 
 TEST(MCOMessageParser, RendersAttachedMessages)
@@ -297,19 +301,32 @@ TEST(MCOMessageParser, StripsWhiteSpace)
               " a\n\n b");
 }
 
-TEST(MCOMessageParser, BoundsHostileMessages)
+TEST(MCOMessageParser, BoundsTheNumberOfParts)
 {
-    const auto manyParts = "Content-Type: multipart/mixed; boundary=b\n\n" + repeated("--b\n\nx\n", 200'000);
-    EXPECT_EQ(bodyOf(manyParts).size(), 9'999U * 2 - 1);
-    std::string nested;
-    for (int level = 0; level < 20'000; ++level)
-        nested += "Content-Type: multipart/mixed; boundary=b" + std::to_string(level) + "\n\n--b"
-            + std::to_string(level) + "\n";
-    EXPECT_NE(bodyOf(nested + "\ndeep"), "");
-    EXPECT_NE(bodyOf(repeated("Content-Type: message/rfc822\n\n", 20'000) + "\ndeep"), "");
+    const auto message = "Content-Type: multipart/mixed; boundary=b\n\n" + repeated("--b\n\nx\n", 200'000);
+    EXPECT_EQ(bodyOf(message).size(), 9'999U * 2 - 1);
+}
+
+TEST(MCOMessageParser, BoundsTheDepthOfParts)
+{
+    std::string multiparts;
+    for (int level = 0; level < 20'000; ++level) {
+        const auto boundary = "b" + std::to_string(level);
+        multiparts.append("Content-Type: multipart/mixed; boundary=").append(boundary);
+        multiparts.append("\n\n--").append(boundary).append("\n");
+    }
+    EXPECT_TRUE(bodyOf(multiparts + "\ndeep").ends_with("deep"));
+    EXPECT_TRUE(bodyOf(repeated("Content-Type: message/rfc822\n\n", 20'000) + "\ndeep").ends_with("deep"));
+}
+
+TEST(MCOMessageParser, BoundsTheHeader)
+{
     EXPECT_EQ(bodyOf(repeated("Cc: a@x.org\n", 200'000) + "\nbody"), "body");
-    const auto manyAddresses = "To: " + repeated("a,", 2'000'000) + "\n\nbody";
-    EXPECT_LE(MCOMessageParser(manyAddresses).header().to.size(), 32'768U);
+    EXPECT_LE(recipientsOf(repeated("a,", 2'000'000)).size(), 32'768U);
+}
+
+TEST(MCOMessageParser, SurvivesHostileFields)
+{
     for (const auto* unit : {"(", "\"", "<", "a:", "=?a?q?", "\\", "[", "@", "a@b,:;"})
         EXPECT_EQ(bodyOf("To: " + repeated(unit, 100'000) + "\n\nbody"), "body") << unit;
     for (const auto* unit : {"; a=b", ";", "; filename*0=a", "; filename*=a'b'%41", "\"", "(", "=?a?q?x?= "})
@@ -334,8 +351,10 @@ TEST(MCOMessageParser, ReadsEveryCutOfAMessage)
 
 TEST(MCOMessageParser, MayBeUsedOnSeveralThreads)
 {
+    constexpr std::size_t kThreadCount = 4;
     std::vector<std::thread> threads;
-    for (int index = 0; index < 4; ++index) {
+    threads.reserve(kThreadCount);
+    for (std::size_t index = 0; index < kThreadCount; ++index) {
         threads.emplace_back([] {
             for (int round = 0; round < 100; ++round)
                 EXPECT_EQ(subjectOf("=?utf-8?B?w6k=?="), "é");

@@ -145,6 +145,10 @@ TEST(UTType, KnowsTypesByMIMETypeWithoutItsParameters)
     EXPECT_EQ(identifierForMIMEType(" Text/HTML; charset=utf-8"), "public.html");
     EXPECT_EQ(identifierForMIMEType("message/rfc822"), "public.email-message");
     EXPECT_EQ(identifierForMIMEType("application/octet-stream"), "public.data");
+}
+
+TEST(UTType, HasNoTypeForWhatIsNoMIMEType)
+{
     for (const auto* malformed :
          {"", "text", "text/", "/plain", "text/pl ain", "a/b/c", "text/plain\n/x", "tëxt/plain"})
         EXPECT_EQ(identifierForMIMEType(malformed), "none") << malformed;
