@@ -26,6 +26,8 @@ std::string withoutLineBreaks(std::string_view text)
         else if (!line.empty() && line.back() != ' ')
             line += ' ';
     }
+    if (line.ends_with(' '))
+        line.pop_back();
     return line;
 }
 

@@ -30,12 +30,20 @@ NSError posixError(const std::error_code& failure)
                    {{std::string(NSLocalizedDescriptionKey), failure.message()}});
 }
 
+// SQLite's files lie beside what a link leads to.
+fs::path realPath(const fs::path& path)
+{
+    std::error_code failure;
+    auto real = fs::canonical(path, failure);
+    return failure ? path : real;
+}
+
 class Walk {
 public:
     Walk(const ItemWalkOptions& options, ItemVisitor& visitor)
         : m_options(options)
         , m_visitor(visitor)
-        , m_indexPath(options.indexURL.path())
+        , m_indexPath(realPath(options.indexURL.path()))
     {
     }
 
@@ -50,7 +58,6 @@ private:
     void enter(const std::string& path);
     void visitNext();
     void visitEntry(const std::string& path, const fs::directory_entry& entry);
-    void visitFile(const std::string& path);
     [[nodiscard]] bool isOfIndex(const std::string& path) const;
 
     const ItemWalkOptions& m_options;
@@ -67,8 +74,10 @@ void Walk::visitNamed(const std::string& path)
         enter(path);
     else if (fs::is_other(status))
         m_visitor.visitFailure(path, commandError(CommandError::NotAFile, "neither a file nor a folder"));
+    else if (isOfIndex(path))
+        m_visitor.visitSkipped(path, "part of the index");
     else
-        visitFile(path);
+        m_visitor.visitItem(path);
     while (!m_levels.empty())
         visitNext();
 }
@@ -114,36 +123,27 @@ void Walk::visitEntry(const std::string& path, const fs::directory_entry& entry)
     const auto status = entry.symlink_status(failure);
     if (fs::is_directory(status) && !isPackageName(entry.path().filename().native()))
         enter(path);
-    else if (fs::is_directory(status) || fs::is_regular_file(status))
-        visitFile(path);
-    else if (fs::is_symlink(status))
-        m_visitor.visitSkipped(path, "a link");
+    else if (fs::is_directory(status) || (fs::is_regular_file(status) && !isOfIndex(path)))
+        m_visitor.visitItem(path);
     else if (fs::is_other(status))
         m_visitor.visitSkipped(path, "neither a file nor a folder");
-    else if (status.type() != fs::file_type::not_found)
+    else if (failure && status.type() != fs::file_type::not_found)
         m_visitor.visitFailure(path, posixError(failure));
-}
-
-void Walk::visitFile(const std::string& path)
-{
-    if (isOfIndex(path))
-        m_visitor.visitSkipped(path, "part of the index");
-    else
-        m_visitor.visitItem(path);
 }
 
 bool Walk::isOfIndex(const std::string& path) const
 {
     constexpr std::array<std::string_view, 4> kSuffixes = {"", "-wal", "-shm", "-journal"};
-    const fs::path item = NSURL::fileURLWithPath(path).path();
+    const fs::path item(path);
     const auto name = item.filename().native();
     const auto indexName = m_indexPath.filename().native();
     if (!name.starts_with(indexName))
         return false;
     const auto suffix = std::string_view(name).substr(indexName.size());
+    const auto folder = item.has_parent_path() ? item.parent_path() : fs::path(".");
     std::error_code ignored; // A folder that cannot be looked up holds nothing of the index.
     return std::find(kSuffixes.begin(), kSuffixes.end(), suffix) != kSuffixes.end()
-        && fs::equivalent(item.parent_path(), m_indexPath.parent_path(), ignored);
+        && fs::equivalent(folder, m_indexPath.parent_path(), ignored);
 }
 
 } // namespace

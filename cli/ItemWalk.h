@@ -23,7 +23,8 @@ public:
 
     /// A file, or a package: a folder that is one item.
     virtual void visitItem(const std::string& path) = 0;
-    /// Something below a folder that is no item; `why` completes "skipped: ".
+    /// A pipe, socket or device below a folder, or the index itself when it is named; `why` completes
+    /// "skipped: ".
     virtual void visitSkipped(const std::string& path, std::string_view why) = 0;
     /// A folder that could not be read, in whole or in part, or a named path that is neither file nor folder.
     virtual void visitFailure(const std::string& path, const NSError& error) = 0;

@@ -18,7 +18,7 @@ std::string marked(const std::string& text)
 
 TEST(HitLines, ShowThePathAndTheSnippetAsOneLine)
 {
-    EXPECT_EQ(hitText(hit("/x/a.txt", "the " + marked("harbour") + "\n\n lights"), MatchStyle::Brackets),
+    EXPECT_EQ(hitText(hit("/x/a.txt", "\tthe " + marked("harbour") + "\n\n lights\n"), MatchStyle::Brackets),
               "/x/a.txt\n    the [harbour] lights");
     EXPECT_EQ(hitText(hit("/x/a.txt", marked("harbour")), MatchStyle::Bold),
               "/x/a.txt\n    \033[1mharbour\033[0m");

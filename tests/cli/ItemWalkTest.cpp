@@ -106,8 +106,7 @@ TEST_F(ItemWalk, FollowsOnlyALinkThatIsNamed)
     fs::create_directory_symlink(m_folder.path(), file("real/circle"));
     const auto all = walkAll();
     EXPECT_THAT(all.items, ElementsAre(file("real/a.txt")));
-    EXPECT_THAT(all.skipped,
-                UnorderedElementsAre(Pair(file("link"), "a link"), Pair(file("real/circle"), "a link")));
+    EXPECT_THAT(all.skipped, IsEmpty());
     EXPECT_THAT(walk(file("link")).items, ElementsAre(file("link/a.txt")));
 }
 
@@ -121,8 +120,9 @@ TEST_F(ItemWalk, SkipsTheIndexAndItsCompanions)
     const auto all = walkAll();
     EXPECT_THAT(all.items,
                 UnorderedElementsAre(file("library.index-notes.txt"), file("other/library.index")));
-    EXPECT_EQ(all.skipped.size(), 3U);
-    EXPECT_THAT(walk(file("library.index")).items, IsEmpty());
+    const auto named = walk(file("library.index"));
+    EXPECT_THAT(named.items, IsEmpty());
+    EXPECT_THAT(named.skipped, ElementsAre(Pair(file("library.index"), "part of the index")));
 }
 
 TEST_F(ItemWalk, SkipsAFifoBelowAFolderAndFailsForOneThatIsNamed)
