@@ -1,12 +1,12 @@
 #include "platform/media/ImageDescriptionReader.h"
 
+#include "platform/foundation/NSError.h"
 #include "platform/media/ImageMetadata.h"
 #include "platform/media/PNGText.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <set>
 #include <string>
 
@@ -65,7 +65,8 @@ ReadResult readImageDescription(const ContentSource& source, ContentSink& sink)
 {
     std::string bytes;
     if (!readImageBytes(source, sink.limits(), bytes))
-        return {ContentStatus::Unreadable, std::string("the image cannot be read: ") + std::strerror(errno)};
+        return {ContentStatus::Unreadable,
+                NSError::errorWithErrno(errno, "read the image").localizedDescription()};
     DescriptionWriter writer(sink);
     for (const auto& entry : textsOfPNG(bytes)) {
         const auto* const known

@@ -13,7 +13,9 @@ std::unique_ptr<PDFDocument> documentOf(FileDescriptor descriptor)
     if (!descriptor.isValid())
         return nullptr;
     auto pages = PDFTextCache::pagesOfFile(std::move(descriptor));
-    return pages ? std::make_unique<PDFDocument>(std::move(pages)) : nullptr;
+    if (!pages)
+        return nullptr;
+    return std::make_unique<PDFDocument>(std::move(pages));
 }
 
 } // namespace

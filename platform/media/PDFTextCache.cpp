@@ -4,7 +4,11 @@
 #include <sys/stat.h>
 #include <utility>
 
-thread_local PDFTextCache* PDFTextCache::t_current = nullptr;
+namespace {
+
+thread_local PDFTextCache* currentCache = nullptr;
+
+} // namespace
 
 PDFPageTexts::PDFPageTexts(PDFFile file, std::optional<Bounds> bounds)
     : m_file(std::move(file))
@@ -65,13 +69,13 @@ PDFTextCache::PDFTextCache(PDFPageTexts::Bounds bounds)
 PDFTextCache::RequestScope::RequestScope(const ContentLimits& limits)
     : m_cache(std::make_unique<PDFTextCache>(
         PDFPageTexts::Bounds{limits.textBytes, std::chrono::steady_clock::now() + limits.time}))
-    , m_outer(std::exchange(t_current, m_cache.get()))
+    , m_outer(std::exchange(currentCache, m_cache.get()))
 {
 }
 
 PDFTextCache::RequestScope::~RequestScope()
 {
-    t_current = m_outer;
+    currentCache = m_outer;
 }
 
 std::optional<PDFTextCache::FileIdentity> PDFTextCache::identityOfFile(int descriptor)
@@ -89,8 +93,8 @@ std::shared_ptr<PDFPageTexts> PDFTextCache::pagesOfFile(FileDescriptor descripto
     const auto identity = identityOfFile(descriptor.get());
     if (!identity)
         return nullptr;
-    if (t_current)
-        return t_current->sharedPages(std::move(descriptor), *identity);
+    if (currentCache)
+        return currentCache->sharedPages(std::move(descriptor), *identity);
     auto file = PDFFile::open(std::move(descriptor));
     return file ? std::make_shared<PDFPageTexts>(std::move(*file), std::nullopt) : nullptr;
 }

@@ -87,8 +87,6 @@ private:
     [[nodiscard]] std::shared_ptr<PDFPageTexts> sharedPages(FileDescriptor descriptor,
                                                             const FileIdentity& identity);
 
-    static thread_local PDFTextCache* t_current;
-
     PDFPageTexts::Bounds m_bounds;
     FileIdentity m_identity;
     std::shared_ptr<PDFPageTexts> m_pages;

@@ -1,12 +1,12 @@
 #include "platform/media/PlainTextReader.h"
 
+#include "platform/foundation/NSError.h"
 #include "platform/foundation/TextDecoder.h"
 #include "platform/foundation/TextEncoding.h"
 #include "platform/media/SourceBytes.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <optional>
 #include <string>
 
@@ -69,7 +69,8 @@ private:
 
 ReadResult unreadable()
 {
-    return {ContentStatus::Unreadable, std::string("the text cannot be read: ") + std::strerror(errno)};
+    return {ContentStatus::Unreadable,
+            NSError::errorWithErrno(errno, "read the text").localizedDescription()};
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include "platform/media/RTFReader.h"
 
 #include "platform/foundation/FileDescriptor.h"
+#include "platform/foundation/NSError.h"
 #include "platform/rtf/RTFText.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
@@ -24,7 +24,7 @@ bool isFolder(int descriptor)
 ReadResult unreadable()
 {
     return {ContentStatus::Unreadable,
-            std::string("the RTF document cannot be read: ") + std::strerror(errno)};
+            NSError::errorWithErrno(errno, "read the RTF document").localizedDescription()};
 }
 
 ReadResult readBytes(std::string_view bytes, ContentSink& sink)
