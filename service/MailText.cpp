@@ -27,7 +27,7 @@ std::optional<std::string> textOfMailMessage(const NSURL& url, NSError* error)
     std::vector<std::string> pieces;
     if (header.from)
         pieces.push_back(header.from->nonEncodedRFC822String());
-    for (const auto* addresses : {&header.to, &header.cc, &header.bcc}) {
+    for (const auto* addresses : {&header.furtherFrom, &header.to, &header.cc, &header.bcc}) {
         for (const auto& address : *addresses)
             pieces.push_back(address.nonEncodedRFC822String());
     }
