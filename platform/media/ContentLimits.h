@@ -3,17 +3,17 @@
 #include <chrono>
 #include <cstddef>
 
-/// The bounds within which content is read. Reaching one keeps what was read so far and is noted. They keep the memory
-/// for one item below 300 MB and the time for it below a minute, whatever its bytes are.
+/// The bounds within which content is read. Reaching one keeps what was read so far and is noted. They keep
+/// the memory for one item below 300 MB and the time for it below a minute, whatever its bytes are.
 struct ContentLimits {
     /// Bytes taken from a file that is read as a stream (plain text, logs).
-    std::size_t streamedBytes = std::size_t {256} << 20;
+    std::size_t streamedBytes = std::size_t{256} << 20;
     /// Bytes taken from a file that has to be in memory as a whole (mail, RTF, HTML with an odd encoding).
-    std::size_t wholeFileBytes = std::size_t {64} << 20;
+    std::size_t wholeFileBytes = std::size_t{64} << 20;
     /// UTF-8 bytes of text that one item gives.
-    std::size_t textBytes = std::size_t {24} << 20;
+    std::size_t textBytes = std::size_t{24} << 20;
     /// Bytes that all members of a container give when expanded.
-    std::size_t expandedBytes = std::size_t {256} << 20;
+    std::size_t expandedBytes = std::size_t{256} << 20;
     /// Members of a container that are looked at.
     std::size_t entries = 10'000;
     /// Depth of parts within parts, elements within elements, groups within groups.

@@ -8,10 +8,11 @@
 #include <string_view>
 #include <vector>
 
-/// The seam behind which all untrusted content is parsed: plain values in, plain values out. A reader keeps no state
-/// between calls, knows no index, and may run in this process or in another.
+/// The seam behind which all untrusted content is parsed: plain values in, plain values out. A reader keeps
+/// no state between calls, knows no index, and may run in this process or in another.
 
-/// What to read: an open file (or folder, for packages), or bytes when there is no file. Borrowed for the call.
+/// What to read: an open file (or folder, for packages), or bytes when there is no file. Borrowed for the
+/// call.
 struct ContentSource {
     int fileDescriptor = -1;
     std::string_view bytes;
@@ -73,11 +74,17 @@ public:
 
     /// True when the text is full or the time is up. Cheap enough to ask in every loop.
     [[nodiscard]] bool isFull();
+
     [[nodiscard]] bool isEmpty() const { return m_content.text.empty(); }
+
     [[nodiscard]] std::size_t byteCount() const { return m_content.text.size(); }
+
     [[nodiscard]] const ContentLimits& limits() const { return m_limits; }
-    /// How deep the container being read lies within others; readers that open members check it against the limit.
+
+    /// How deep the container being read lies within others; readers that open members check it against the
+    /// limit.
     [[nodiscard]] std::size_t containerDepth() const { return m_containerDepth; }
+
     void setContainerDepth(std::size_t depth) { m_containerDepth = depth; }
 
     /// Gives the finished content away; the sink is empty after it.
@@ -111,4 +118,5 @@ using ContentReader = ReadResult (*)(const ContentSource& source, ContentSink& s
 [[nodiscard]] ReadResult readContentInto(const ContentSource& source, ContentSink& sink);
 
 /// The bytes of `source`, at most `maximumByteCount` of them. False when the file system refuses.
-[[nodiscard]] bool readSourceBytes(const ContentSource& source, std::size_t maximumByteCount, std::string& bytes);
+[[nodiscard]] bool readSourceBytes(const ContentSource& source, std::size_t maximumByteCount,
+                                   std::string& bytes);

@@ -57,9 +57,9 @@ TEST_F(IndexSearchTest, FindsAnyPieceOfUnspacedText)
 TEST_F(IndexSearchTest, FindsThaiWordsAlsoByTheirBeginning)
 {
     ASSERT_TRUE(add("/1", "มาตรฐานรหัสสำหรับอักขระไทย"));
-    EXPECT_EQ(found("รหัส"), (Paths {"/1"}));
-    EXPECT_EQ(found("\"รหัสสำหรับอั\""), (Paths {"/1"}));
-    EXPECT_EQ(found("สำหรับอักขระ"), (Paths {"/1"}));
+    EXPECT_EQ(found("รหัส"), (Paths{"/1"}));
+    EXPECT_EQ(found("\"รหัสสำหรับอั\""), (Paths{"/1"}));
+    EXPECT_EQ(found("สำหรับอักขระ"), (Paths{"/1"}));
     EXPECT_EQ(found("ภาษา"), Paths());
 }
 

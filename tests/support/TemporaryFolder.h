@@ -2,12 +2,12 @@
 
 #include "platform/foundation/NSURL.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <stdlib.h>
 
 /// A fresh folder that goes away with the object.
 class TemporaryFolder {
@@ -19,8 +19,10 @@ public:
             throw std::runtime_error("no temporary folder");
         m_path = std::filesystem::canonical(pattern);
     }
+
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
     ~TemporaryFolder()
     {
         std::error_code ignored; // A test that leaves an undeletable file has failed by other means.
@@ -28,7 +30,9 @@ public:
     }
 
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+
     [[nodiscard]] std::string file(std::string_view name) const { return (m_path / name).native(); }
+
     [[nodiscard]] NSURL url(std::string_view name) const { return NSURL::fileURLWithPath(file(name)); }
 
     /// Writes a file, making its folders, and gives its path.
@@ -36,7 +40,8 @@ public:
     {
         const auto target = m_path / name;
         std::filesystem::create_directories(target.parent_path());
-        std::ofstream(target, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        std::ofstream(target, std::ios::binary)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return target.native();
     }
 
