@@ -27,6 +27,9 @@ constexpr std::size_t kPagesBetweenOpenings = 500;
 constexpr std::size_t kGrowthBetweenOpenings = std::size_t{64} << 20;
 constexpr std::size_t kMostGrowthWithinPage = std::size_t{128} << 20;
 constexpr unsigned kChecksBetweenMemoryReadings = 1024;
+// Finding the lines of a page takes time that grows with the square of its characters; a full page has
+// 10,000.
+constexpr std::size_t kMostCharactersOfPage = 250'000;
 constexpr double kResolution = 72;
 
 /// The memory that this process occupies, in bytes; 0 when the system does not say.
@@ -77,9 +80,17 @@ public:
         return m_hasEnded;
     }
 
+    /// Counts a character; false when the page has too many.
+    bool takeCharacter()
+    {
+        m_hasEnded = m_hasEnded || ++m_characterCount > kMostCharactersOfPage;
+        return !m_hasEnded;
+    }
+
 private:
     std::chrono::steady_clock::time_point m_deadline;
     std::size_t m_residentAtStart = 0;
+    std::size_t m_characterCount = 0;
     unsigned m_checks = 0;
     bool m_hasEnded = false;
 };
@@ -111,6 +122,14 @@ public:
     bool useDrawForm() override { return m_watch.check(); }
 
     void drawForm(Ref /*form*/) override { }
+
+    void drawChar(GfxState* state, double x, double y, double dx, double dy, double originX, double originY,
+                  CharCode code, int byteCount, const Unicode* characters, int characterCount) override
+    {
+        if (m_watch.takeCharacter())
+            TextOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, byteCount, characters,
+                                    characterCount);
+    }
 
 private:
     std::string m_text;

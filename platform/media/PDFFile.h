@@ -38,9 +38,8 @@ public:
     /// The number of pages that the file claims to have; it may lie. 0 while it is locked.
     [[nodiscard]] std::size_t pageCount() const;
     /// The text of a page as UTF-8, in reading order with words at line ends joined; empty for a page that is
-    /// not there or cannot be read. A page that takes longer than until `deadline`, or fills the memory,
-    /// gives what was read of it. Now and then the file is opened anew to drop what the library keeps of its
-    /// pages.
+    /// not there or cannot be read. A page that is not done at `deadline`, or holds too much, gives what was
+    /// read of it. Now and then the file is opened anew to drop what the library keeps of its pages.
     [[nodiscard]] PDFPageText textOfPage(std::size_t index, std::chrono::steady_clock::time_point deadline);
     /// An entry of the document's description, such as "Title"; empty when there is none.
     [[nodiscard]] std::string information(const std::string& key) const;

@@ -36,7 +36,7 @@ std::string PDFPageTexts::readPage(std::size_t index, std::chrono::steady_clock:
 {
     auto page = m_file.textOfPage(index, deadline);
     if (page.isCut && m_cutNote.empty())
-        m_cutNote = "a page took too much time or memory and was cut";
+        m_cutNote = "a page was too large and was cut";
     return std::move(page.text);
 }
 

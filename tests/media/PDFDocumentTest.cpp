@@ -222,6 +222,15 @@ TEST(PDFReader, StopsWithinEndlessPage)
     EXPECT_FALSE(content.cutNotes.empty());
 }
 
+TEST(PDFReader, CutsPagesThatHoldTooMuch)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.write("full.pdf", pdfWithPages({std::string(300'000, 'a'), "next page"}));
+    const auto content = readPDFFile(path);
+    EXPECT_THAT(content.text, HasSubstr("next page"));
+    EXPECT_THAT(content.cutNotes, ElementsAre(HasSubstr("too large")));
+}
+
 TEST(PDFReader, ReadsDifferentFilesOnDifferentThreads)
 {
     const TemporaryFolder folder;
