@@ -26,19 +26,39 @@ void bindStamp(SQLiteStatement& statement, int index, const std::optional<SKFile
 
 } // namespace
 
+DocumentContent::DocumentContent(std::string_view contentText, const std::optional<SKFileStamp>& fileStamp)
+    : text(contentText)
+    , packedText(StoredText::pack(contentText))
+    , stamp(fileStamp)
+{
+}
+
 DocumentStore::DocumentStore(const SQLiteDatabase& database)
     : m_database(database)
 {
 }
 
+SQLiteStatement& DocumentStore::indexStatement()
+{
+    return prepared(m_index, m_database, "INSERT INTO fulltext(rowid, name, text) VALUES(?1, ?2, ?3)");
+}
+
+SQLiteStatement& DocumentStore::insertStatement()
+{
+    return prepared(m_insert, m_database,
+                    "INSERT INTO document(node, modified, size, text) VALUES(?1, ?2, ?3, ?4)");
+}
+
+void DocumentStore::prepareToAdd()
+{
+    (void)indexStatement(); // Each is kept for when it is needed.
+    (void)insertStatement();
+}
+
 void DocumentStore::index(SKDocumentID document, std::string_view name, std::string_view text)
 {
     const auto searchable = searchableName(name);
-    prepared(m_index, m_database, "INSERT INTO fulltext(rowid, name, text) VALUES(?1, ?2, ?3)")
-        .bind(1, document)
-        .bindText(2, searchable)
-        .bindText(3, text)
-        .run();
+    indexStatement().bind(1, document).bindText(2, searchable).bindText(3, text).run();
 }
 
 // The full-text table keeps no text: to forget a document it has to be told what it was given.
@@ -53,28 +73,23 @@ void DocumentStore::unindex(SKDocumentID document, std::string_view name, std::s
         .run();
 }
 
-SKDocumentID DocumentStore::add(std::int64_t node, std::string_view name, std::string_view text,
-                                const std::optional<SKFileStamp>& stamp)
+SKDocumentID DocumentStore::add(std::int64_t node, std::string_view name, const DocumentContent& content)
 {
-    const auto record = StoredText::pack(text);
-    auto& insert = prepared(m_insert, m_database,
-                            "INSERT INTO document(node, modified, size, text) VALUES(?1, ?2, ?3, ?4)");
-    bindStamp(insert.bind(1, node), 2, stamp);
-    insert.bindBlob(4, record).run();
+    auto& insert = insertStatement();
+    bindStamp(insert.bind(1, node), 2, content.stamp);
+    insert.bindBlob(4, content.packedText).run();
     const auto identifier = m_database.lastInsertedRow();
-    index(identifier, name, text);
+    index(identifier, name, content.text);
     return identifier;
 }
 
-void DocumentStore::replace(SKDocumentID document, std::string_view name, std::string_view newText,
-                            const std::optional<SKFileStamp>& stamp)
+void DocumentStore::replace(SKDocumentID document, std::string_view name, const DocumentContent& content)
 {
     unindex(document, name, text(document));
-    const auto record = StoredText::pack(newText);
     auto update = m_database.prepare("UPDATE document SET modified = ?2, size = ?3, text = ?4 WHERE id = ?1");
-    bindStamp(update.bind(1, document), 2, stamp);
-    update.bindBlob(4, record).run();
-    index(document, name, newText);
+    bindStamp(update.bind(1, document), 2, content.stamp);
+    update.bindBlob(4, content.packedText).run();
+    index(document, name, content.text);
 }
 
 void DocumentStore::rename(SKDocumentID document, std::string_view oldName, std::string_view newName)

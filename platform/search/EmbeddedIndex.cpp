@@ -76,11 +76,13 @@ std::unique_ptr<EmbeddedIndex> EmbeddedIndex::open(const NSURL& url, SKIndexAcce
         return nullptr;
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the constructor is private, and the owner takes it at
     // once
-    return std::unique_ptr<EmbeddedIndex>(new EmbeddedIndex(url.path(), std::move(database)));
+    return std::unique_ptr<EmbeddedIndex>(new EmbeddedIndex(url.path(), std::move(database), busyTimeout));
 }
 
-EmbeddedIndex::EmbeddedIndex(std::string path, std::unique_ptr<SQLiteDatabase> database)
+EmbeddedIndex::EmbeddedIndex(std::string path, std::unique_ptr<SQLiteDatabase> database,
+                             std::chrono::milliseconds busyTimeout)
     : m_path(std::move(path))
+    , m_busyTimeout(busyTimeout)
     , m_openedAt(std::chrono::system_clock::now())
     , m_database(std::move(database))
     , m_tree(std::make_unique<DocumentTree>(*m_database))
@@ -101,24 +103,35 @@ void EmbeddedIndex::rollBack() noexcept
     } catch (const std::exception& exception) {
         NSLogLine(exception.what()); // Closing the connection rolls back in any case.
     }
+    m_turn = WriterTurn();
+}
+
+bool EmbeddedIndex::begin()
+{
+    if (m_database->isInTransaction())
+        return true;
+    m_turn = WriterTurn::take(m_path, m_busyTimeout);
+    if (!m_turn.isTaken())
+        return false;
+    m_database->execute("BEGIN IMMEDIATE");
+    return true;
 }
 
 bool EmbeddedIndex::change(const std::function<bool()>& change)
 {
     try {
-        if (!m_database->isInTransaction())
-            m_database->execute("BEGIN IMMEDIATE");
-        return change();
+        if (begin())
+            return change();
     } catch (const SQLiteError& error) {
         rollBack();
         if (!error.isBusy())
             throw;
-        NSLog("Gave up waiting for another writer of {}", m_path);
-        return false;
     } catch (...) {
         rollBack();
         throw;
     }
+    NSLog("Gave up waiting for another writer of {}", m_path);
+    return false;
 }
 
 std::optional<DocumentTree::Node> EmbeddedIndex::documentNode(const SKDocumentRef& document) const
@@ -143,12 +156,14 @@ bool EmbeddedIndex::put(const SKDocumentRef& document, std::string_view text, SK
     std::string storage;
     const auto indexable = indexableText(text, storage);
     const auto name = document->name().value_or(std::string());
+    const DocumentContent content(indexable, stamp);
+    m_store->prepareToAdd();
     return change([&] {
         const auto node = m_tree->ensure(document);
         if (!node.document)
-            m_tree->setDocument(node.id, m_store->add(node.id, name, indexable, stamp));
+            m_tree->setDocument(node.id, m_store->add(node.id, name, content));
         else if (replace == SKReplace::Yes)
-            m_store->replace(*node.document, name, indexable, stamp);
+            m_store->replace(*node.document, name, content);
         else
             return false;
         return true;
@@ -240,6 +255,10 @@ bool EmbeddedIndex::flush()
         return true;
     try {
         m_database->execute("COMMIT");
+        // The next writer need not wait for the disk: what it writes stands behind this in the log, and
+        // syncing either makes this durable.
+        m_turn = WriterTurn();
+        m_database->syncLog();
         return true;
     } catch (const SQLiteError& error) {
         NSLog("Couldn't flush {}: {}", m_path, error.what());

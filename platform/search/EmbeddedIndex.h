@@ -5,6 +5,7 @@
 #include "platform/search/IndexFile.h"
 #include "platform/search/SKIndex.h"
 #include "platform/search/SQLiteDatabase.h"
+#include "platform/search/WriterTurn.h"
 
 #include <chrono>
 #include <functional>
@@ -44,11 +45,13 @@ public:
     ~EmbeddedIndex() override;
 
 private:
-    EmbeddedIndex(std::string path, std::unique_ptr<SQLiteDatabase> database);
+    EmbeddedIndex(std::string path, std::unique_ptr<SQLiteDatabase> database,
+                  std::chrono::milliseconds busyTimeout);
 
     /// Runs `change` within the write transaction, which it begins when there is none. Waiting in vain for
     /// another writer gives false; any other failure rolls everything back and is thrown on.
     bool change(const std::function<bool()>& change);
+    [[nodiscard]] bool begin();
     void rollBack() noexcept;
     [[nodiscard]] bool put(const SKDocumentRef& document, std::string_view text, SKReplace replace,
                            const std::optional<SKFileStamp>& stamp);
@@ -58,7 +61,9 @@ private:
     [[nodiscard]] std::optional<DocumentTree::Node> documentNode(const SKDocumentRef& document) const;
 
     std::string m_path;
+    std::chrono::milliseconds m_busyTimeout;
     std::chrono::system_clock::time_point m_openedAt;
+    WriterTurn m_turn;
     std::unique_ptr<SQLiteDatabase> m_database;
     // Questions prepare and reset statements too; the index itself does not change by them.
     std::unique_ptr<DocumentTree> m_tree;

@@ -46,10 +46,10 @@ INSERT INTO fulltext(fulltext, rank) VALUES('automerge', 8);
 INSERT INTO fulltext(fulltext, rank) VALUES('rank', 'bm25(4.0, 1.0)');
 )sql";
 
-// Every connection: durable at every flush, removed content overwritten, nothing in a schema that we did not
-// put there.
+// Every connection: removed content is overwritten. A commit leaves the syncing to EmbeddedIndex::flush,
+// which does it when the next writer may already go on.
 constexpr const char* kConnectionSettings = R"sql(
-PRAGMA synchronous = FULL;
+PRAGMA synchronous = NORMAL;
 PRAGMA secure_delete = ON;
 PRAGMA cell_size_check = ON;
 )sql";

@@ -213,6 +213,16 @@ void SQLiteDatabase::requireTable(const char* name) const
         failOn(m_database.get(), code);
 }
 
+void SQLiteDatabase::syncLog() const
+{
+    sqlite3_file* log = nullptr;
+    int code = sqlite3_file_control(m_database.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+    if (code == SQLITE_OK && log && log->pMethods)
+        code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL | SQLITE_SYNC_DATAONLY);
+    if (code != SQLITE_OK)
+        throw SQLiteError(code & kPrimaryCodeMask, sqlite3_errstr(code));
+}
+
 bool SQLiteDatabase::isReadOnly() const
 {
     return sqlite3_db_readonly(m_database.get(), "main") != 0;

@@ -101,6 +101,9 @@ public:
     [[nodiscard]] std::optional<std::int64_t> integer(std::string_view sql) const;
     /// Reads the schema if need be. @throws SQLiteError when it is damaged or has no such table.
     void requireTable(const char* name) const;
+    /// Makes everything committed so far durable: returns when the disk has the write-ahead log. @throws
+    /// SQLiteError
+    void syncLog() const;
     [[nodiscard]] bool isReadOnly() const;
     [[nodiscard]] bool isInTransaction() const;
     [[nodiscard]] std::int64_t lastInsertedRow() const;
