@@ -82,6 +82,25 @@ void measureRequests(IndexingClient& client, const std::filesystem::path& folder
     report(fmt::format("{} documents{}", size, held ? ", held open by a host" : ""), times);
 }
 
+// An item is changed, and found by a host that searches the index it holds open.
+void measureUpdate(IndexingClient& client, const std::filesystem::path& folder, std::size_t size,
+                   std::size_t count)
+{
+    const auto index = NSURL::fileURLWithPath((folder / std::to_string(size)).native());
+    const auto item = NSURL::fileURLWithPath((folder / "item.txt").native());
+    const auto host = SKIndex::openWithURL(index, SKIndexAccess::Read);
+    const auto times = timesOf(count, [&](std::size_t number) {
+        const auto word = fmt::format("xyupdated{}", number);
+        const auto reply = client.indexItemWithIdentifier(
+            "item", word + " " + sampleText(static_cast<std::uint32_t>(number), kTextByteCount), item, {},
+            index);
+        std::vector<SKSearchHit> hits;
+        if (!reply || reply->error || !host->search(word, {}, hits) || hits.size() != 1)
+            throw std::runtime_error("the update was not found");
+    });
+    report(fmt::format("{} documents, held open, and found by the host", size), times);
+}
+
 void measureSync(const std::filesystem::path& folder, std::size_t count)
 {
     const FileDescriptor file(::open((folder / "sync").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
@@ -102,13 +121,15 @@ void run(const std::filesystem::path& folder, std::size_t count)
     fmt::print("| one request, 4 KB | p50 ms | p95 ms | p99 ms |\n| --- | --- | --- | --- |\n");
     measureSync(folder, count);
     NSError error;
-    const auto client = IndexingClient::connect({}, &error);
+    const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "bin";
+    const auto client = IndexingClient::connect({{}, (programs / "corvel-indexing").native()}, &error);
     if (!client)
         throw std::runtime_error(error.localizedDescription());
     for (const std::size_t size : {std::size_t{1000}, std::size_t{10'000}, std::size_t{100'000}}) {
         fillIndex(NSURL::fileURLWithPath((folder / std::to_string(size)).native()), size);
         measureRequests(*client, folder, size, count, false);
         measureRequests(*client, folder, size, count, true);
+        measureUpdate(*client, folder, size, count);
     }
 }
 
