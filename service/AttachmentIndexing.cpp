@@ -52,13 +52,14 @@ bool addAttachment(const std::string& name, const std::optional<std::string>& re
     const auto document = SKDocument::create({}, parentDocument, name);
     if (!document)
         return false;
+    // A link may lead out of the package: what it points at is not looked at.
     const auto url = document->URL();
-    if (isLink(url))
-        return false;
-    const auto text = attachmentText(recognisedText, termsOfFile(url, imageTerms));
+    const bool link = isLink(url);
+    const auto terms = link ? std::vector<std::string>() : termsOfFile(url, imageTerms);
+    const auto text = attachmentText(recognisedText, terms);
     if (!text.empty())
         return index.addDocumentWithText(document, text, SKReplace::Yes);
-    return index.addDocument(document, std::nullopt, SKReplace::Yes);
+    return !link && index.addDocument(document, std::nullopt, SKReplace::Yes);
 }
 
 } // namespace

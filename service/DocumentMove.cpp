@@ -1,5 +1,6 @@
 #include "service/DocumentMove.h"
 
+#include "platform/foundation/NSLog.h"
 #include "service/CVLIndexingError.h"
 
 namespace {
@@ -36,7 +37,13 @@ void moveDocument(const std::optional<NSURL>& fileURL, const std::optional<NSURL
     const auto index = environment.openIndexForRequest(indexFileURL);
     if (!index)
         return reply(failureReply(indexingError(CVLIndexingError::IndexNotOpened)));
-    if (renameOrMove(*index, fileURL, toFileURL) && index->flush())
+    bool moved = false;
+    try {
+        moved = renameOrMove(*index, fileURL, toFileURL) && index->flush();
+    } catch (const SKIndexException& exception) {
+        NSLog("Couldn't move {}: {}", fileURL->absoluteString(), exception.what());
+    }
+    if (moved)
         return reply({});
     reply(failureReply(indexingError(CVLIndexingError::MoveFailed)));
 }

@@ -65,11 +65,12 @@ void walkPDF(const NSURL& url)
 
 void readText(ItemText& item, const NSURL& url)
 {
-    item.text = stringWithContentsOfURL(url, nullptr, nullptr, kLimits.textBytes);
+    // One byte more than is kept, so that a cut shows.
+    item.text = stringWithContentsOfURL(url, nullptr, nullptr, kLimits.textBytes + 1);
     if (item.text)
         return;
     const auto file = FileDescriptor::openForReading(url.path());
-    const auto bytes = file.isValid() ? readFile(file.get(), kLimits.textBytes) : std::nullopt;
+    const auto bytes = file.isValid() ? readFile(file.get(), kLimits.textBytes + 1) : std::nullopt;
     if (!bytes)
         return;
     std::string converted;

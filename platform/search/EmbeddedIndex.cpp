@@ -74,9 +74,15 @@ std::unique_ptr<EmbeddedIndex> EmbeddedIndex::open(const NSURL& url, SKIndexAcce
     auto database = IndexFile::open(url.path(), access, busyTimeout, error);
     if (!database)
         return nullptr;
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the constructor is private, and the owner takes it at
-    // once
-    return std::unique_ptr<EmbeddedIndex>(new EmbeddedIndex(url.path(), std::move(database), busyTimeout));
+    try {
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the constructor is private; the owner takes it at
+        // once
+        return std::unique_ptr<EmbeddedIndex>(
+            new EmbeddedIndex(url.path(), std::move(database), busyTimeout));
+    } catch (const SQLiteError& failure) {
+        setError(error, IndexFile::error(IndexFile::Error::Damaged, url.path() + ": " + failure.what()));
+        return nullptr;
+    }
 }
 
 EmbeddedIndex::EmbeddedIndex(std::string path, std::unique_ptr<SQLiteDatabase> database,
@@ -198,14 +204,20 @@ bool EmbeddedIndex::removeDocument(const SKDocumentRef& document)
 {
     if (!document || !m_tree->find(document))
         return false;
-    return change([&] {
+    bool found = false;
+    const bool done = change([&] {
         const auto node = m_tree->find(document);
-        if (!node)
-            return false;
-        removeSubtree(node->id);
-        m_tree->prune(node->parent);
+        found = node.has_value();
+        if (found) {
+            removeSubtree(node->id);
+            m_tree->prune(node->parent);
+        }
         return true;
     });
+    // Nobody looks twice at what could not be removed, as it may not have been there.
+    if (!done)
+        throw SKIndexException("another writer did not finish in time");
+    return found;
 }
 
 bool EmbeddedIndex::place(const DocumentTree::Node& node, NodeID parent, std::string_view name)

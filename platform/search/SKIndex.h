@@ -103,6 +103,7 @@ public:
 
     /// Removes the document and all beneath it; a folder that is no document but holds some likewise.
     /// @return false when the index holds neither.
+    /// @throws SKIndexException also when another writer did not finish in time.
     [[nodiscard]] virtual bool removeDocument(const SKDocumentRef& document) = 0;
 
     /// Gives the document (or a folder of documents) a new name in its place. What had that name is replaced
@@ -117,7 +118,7 @@ public:
         = 0;
 
     /// Makes all changes since the last flush durable. @return false when that fails: nothing of them is
-    /// kept.
+    /// kept, unless it was the disk that failed at the very end; then they may be.
     [[nodiscard]] virtual bool flush() = 0;
 
     /// Numbers the documents from 1 without gaps, merges the full-text tables and gives unused space back.

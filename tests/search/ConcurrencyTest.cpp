@@ -27,12 +27,22 @@ TEST_F(ConcurrencyTest, ASecondWriterWaitsForABoundedTimeAndThenFails)
         = EmbeddedIndex::open(indexURL(), SKIndexAccess::Write, std::chrono::milliseconds(30), nullptr);
     ASSERT_TRUE(second);
     EXPECT_FALSE(second->addDocumentWithText(document("/b"), "word", SKReplace::Yes));
-    EXPECT_FALSE(second->removeDocument(document("/a")));
+    EXPECT_FALSE(second->removeDocument(document("/not-there")));
     ASSERT_TRUE(m_index->flush());
     EXPECT_TRUE(second->addDocumentWithText(document("/b"), "word", SKReplace::Yes));
     EXPECT_TRUE(second->flush());
     EXPECT_EQ(found("word"), (Paths{"/a", "/b"}));
     expectSound();
+}
+
+TEST_F(ConcurrencyTest, ARemovalThatHasToGiveUpSaysSo)
+{
+    ASSERT_TRUE(add("/a", "word"));
+    ASSERT_TRUE(m_index->flush());
+    ASSERT_TRUE(add("/b", "word"));
+    const auto second
+        = EmbeddedIndex::open(indexURL(), SKIndexAccess::Write, std::chrono::milliseconds(30), nullptr);
+    EXPECT_THROW((void)second->removeDocument(document("/a")), SKIndexException);
 }
 
 TEST_F(ConcurrencyTest, WritersInOneProcessTakeTurns)

@@ -96,6 +96,16 @@ TEST_F(IndexFileTest, RefusesAnIndexWithoutItsTables)
     expectRefused(path, IndexFile::Error::Damaged);
 }
 
+TEST_F(IndexFileTest, RefusesAnIndexWithOtherColumns)
+{
+    m_index.reset();
+    runForeignSQL(indexPath(),
+                  "PRAGMA journal_mode = DELETE; ALTER TABLE node RENAME COLUMN document TO other");
+    NSError error;
+    EXPECT_FALSE(SKIndex::openWithURL(indexURL(), SKIndexAccess::Write, &error));
+    EXPECT_EQ(error.code(), static_cast<int>(IndexFile::Error::Damaged));
+}
+
 TEST_F(IndexFileTest, RefusesWhatIsNoFile)
 {
     NSError error;
