@@ -116,3 +116,10 @@ TEST_F(AttachmentIndexingTest, ReadsNothingOutsideThePackage)
                             "Couldn't index attachment link.txt"));
     EXPECT_EQ(errorCode(), 0);
 }
+
+TEST_F(AttachmentIndexingTest, PutsALineBreakBetweenEmptyRecognisedTextAndTerms)
+{
+    folder.write("n.cvlnote/cat.png", "x");
+    indexItem("n.cvlnote", {{"cat.png", {{kRecognised, ""}}}});
+    EXPECT_THAT(eventsOfAttachments(), ElementsAre("add n.cvlnote/cat.png with \"\ncat\nsofa\""));
+}

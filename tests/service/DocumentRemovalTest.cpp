@@ -101,3 +101,25 @@ TEST_F(DocumentRemovalTest, DoesNotClaimARemovalThatWasNotWritten)
     EXPECT_TRUE(replies.empty());
     EXPECT_EQ(record->events.back(), "close");
 }
+
+TEST_F(DocumentRemovalTest, CountsTheDocumentsAfterTheFlush)
+{
+    struct Case {
+        std::int64_t count;
+        SKDocumentID maximum;
+        std::size_t compactions;
+    };
+
+    for (const auto& [count, maximum, compactions] :
+         {Case{10, 21, 1}, Case{9, 20, 1}, Case{0, 20, 0}, Case{10, 20, 0}}) {
+        record->events.clear();
+        record->documentCount = 10;
+        record->maximumDocumentID = 20;
+        record->whenFlushed = [this, countNow = count, maximumNow = maximum] {
+            record->documentCount = countNow;
+            record->maximumDocumentID = maximumNow;
+        };
+        remove({"a"});
+        EXPECT_EQ(record->eventsStartingWith("compact").size(), compactions) << count << " " << maximum;
+    }
+}

@@ -1,6 +1,7 @@
 #include "service/ItemIndexing.h"
 
 #include "tests/service/RequestTest.h"
+#include "tests/support/ZipBytes.h"
 
 #include <gmock/gmock.h>
 
@@ -100,6 +101,17 @@ TEST_F(ItemIndexingTest, ReportsURLsThatAreNoFile)
         service.indexItemWithIdentifier("id", {}, url, {}, indexURL, replyBlock());
         EXPECT_EQ(errorCode(), 10002);
     }
+}
+
+TEST_F(ItemIndexingTest, ReportsAReachableFileThatIsNoDocument)
+{
+    Corvel_Indexing service(environment);
+    const auto root = NSURL::URLWithString("file:///");
+    ASSERT_TRUE(root && root->checkResourceIsReachableAndReturnError());
+    service.indexItemWithIdentifier("id", {}, root, {}, indexURL, replyBlock());
+    EXPECT_THAT(record->events, ElementsAre("open", "close", "reply"));
+    EXPECT_EQ(errorCode(), 10002);
+    EXPECT_EQ(identifierInReply(), "id");
 }
 
 TEST_F(ItemIndexingTest, ReportsARefusedAdd)
@@ -266,6 +278,27 @@ TEST_F(ItemIndexingTest, TakesTextThatIsNotPlainAsItStands)
     indexItem("b.xml");
     EXPECT_THAT(record->eventsStartingWith("add"),
                 ElementsAre("add a.html with \"<p>Grüße</p>\"", "add b.xml with \"<a>été</a>\""));
+}
+
+TEST_F(ItemIndexingTest, AddsTextThatCannotBeReadByFile)
+{
+    // A regular file that can be opened, but whose first byte, at address 0, nobody can read.
+    std::filesystem::create_symlink("/proc/self/mem", folder.file("a.html"));
+    indexItem("a.html");
+    EXPECT_THAT(record->events, ElementsAre("open", "add a.html by file", "flush", "close", "reply"));
+    EXPECT_EQ(errorCode(), 0);
+}
+
+TEST_F(ItemIndexingTest, TakesTheTextOfAWordDocument)
+{
+    folder.write("a.docx",
+                 zipOf({{"word/document.xml",
+                         "<w:document xmlns:w='w'><w:body><w:p><w:r><w:t>The wind is up.</w:t></w:r></w:p>"
+                         "</w:body></w:document>"}}));
+    indexItem("a.docx");
+    EXPECT_THAT(record->events,
+                ElementsAre("open", "add a.docx with \"The wind is up.\n\"", "flush", "close", "reply"));
+    EXPECT_EQ(errorCode(), 0);
 }
 
 TEST_F(ItemIndexingTest, ReportsAWordDocumentThatCannotBeRead)

@@ -2,10 +2,16 @@
 
 #include "platform/foundation/NSLog.h"
 #include "platform/media/ContentLimits.h"
+#include "platform/media/PDFDocument.h"
+#include "platform/media/PDFTextCache.h"
+#include "tests/support/PDFBytes.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/ZipBytes.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 namespace {
@@ -17,6 +23,21 @@ public:
         throw std::runtime_error("damaged archive");
     }
 };
+
+/// Overwrites the file's bytes in place and puts its time back, so that it passes for the same.
+void blankUnnoticed(const std::string& path)
+{
+    const auto time = std::filesystem::last_write_time(path);
+    const auto size = std::filesystem::file_size(path);
+    std::ofstream(path, std::ios::in | std::ios::out | std::ios::binary) << std::string(size, ' ');
+    std::filesystem::last_write_time(path, time);
+}
+
+std::string textOfPage(const PDFDocument& document, std::size_t index)
+{
+    const auto page = document.pageAtIndex(index);
+    return page ? page->string() : "";
+}
 
 } // namespace
 
@@ -92,4 +113,50 @@ TEST(ItemText, TakesContentThatRaisesForUnreadable)
     EXPECT_EQ(text.rule, ItemTextRule::NotePackage);
     EXPECT_FALSE(text.text);
     EXPECT_FALSE(text.error);
+}
+
+TEST(ItemText, WalksEveryPageOfAPDF)
+{
+    constexpr std::size_t kPageCount = 25;
+    std::vector<std::string> texts;
+    for (std::size_t index = 0; index < kPageCount; ++index)
+        texts.push_back("page" + std::to_string(index));
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.pdf", pdfWithPages(texts));
+    const PDFTextCache::RequestScope scope;
+    const auto item = textOfItem(folder.url("a.pdf"), {}, {});
+    EXPECT_EQ(item.rule, ItemTextRule::PDF);
+    EXPECT_FALSE(item.text);
+
+    // What the walk has not read is gone now.
+    blankUnnoticed(path);
+    const auto document = PDFDocument::initWithURL(folder.url("a.pdf"));
+    ASSERT_TRUE(document);
+    ASSERT_EQ(document->pageCount(), kPageCount);
+    for (std::size_t index = 0; index < kPageCount; ++index)
+        EXPECT_THAT(textOfPage(*document, index), testing::StartsWith(texts[index]));
+}
+
+TEST(ItemText, TakesTheTextOfAWordDocument)
+{
+    const TemporaryFolder folder;
+    folder.write("a.docx",
+                 zipOf({{"word/document.xml",
+                         "<w:document xmlns:w='w'><w:body><w:p><w:r><w:t>body</w:t></w:r></w:p></w:body>"
+                         "</w:document>"}}));
+    const auto item = textOfItem(folder.url("a.docx"), {}, {});
+    EXPECT_EQ(item.rule, ItemTextRule::WordDocument);
+    EXPECT_EQ(item.text, "body\n");
+    EXPECT_FALSE(item.error);
+}
+
+TEST(ItemText, LeavesTextThatCannotBeReadToTheIndex)
+{
+    const TemporaryFolder folder;
+    // A regular file that can be opened, but whose first byte, at address 0, nobody can read.
+    std::filesystem::create_symlink("/proc/self/mem", folder.file("a.html"));
+    const auto item = textOfItem(folder.url("a.html"), {}, {});
+    EXPECT_EQ(item.rule, ItemTextRule::Text);
+    EXPECT_FALSE(item.text);
+    EXPECT_FALSE(item.error);
 }

@@ -210,3 +210,31 @@ TEST_F(MailAttachmentIndexingTest, StopsWhenTheMessageCannotBeRead)
     EXPECT_THAT(log[0], HasSubstr("a.eml"));
     EXPECT_EQ(errorCode(), 0);
 }
+
+TEST_F(MailAttachmentIndexingTest, GoesOnAfterAnAttachmentThatCannotBeIndexed)
+{
+    folder.write("a.eml", messageWith({{"text/plain", "a.txt", "x"}, {"text/plain", "b.txt", "y"}}));
+    record->adds = [](const std::string& name) { return !name.ends_with("/a.txt"); };
+    indexItem("a.eml", {{"a.txt", {}}});
+    EXPECT_THAT(eventsOfAttachments(),
+                ElementsAre("add TMP/a.txt by file", "add TMP/b.txt by file", "move TMP/b.txt under a.eml"));
+    EXPECT_THAT(log, ElementsAre("Couldn't index mail attachment a.txt"));
+    EXPECT_EQ(errorCode(), 0);
+}
+
+TEST_F(MailAttachmentIndexingTest, KeepsChildrenThatAttachmentsInfoDoesNotName)
+{
+    folder.write("a.eml", messageWith({{"text/plain", "a.txt", "x"}}));
+    const auto parent = SKDocument::createWithURL(folder.url("a.eml"));
+    record->children = {SKDocument::create({}, parent, "a.txt"), SKDocument::create({}, parent, "old.txt")};
+    indexItem("a.eml", {{"a.txt", {}}});
+    indexItem("a.eml");
+    EXPECT_THAT(eventsOfAttachments(), ElementsAre("add TMP/a.txt by file", "move TMP/a.txt under a.eml"));
+}
+
+TEST_F(MailAttachmentIndexingTest, PutsALineBreakBetweenEmptyRecognisedTextAndTerms)
+{
+    folder.write("a.eml", messageWith({{"image/png", "c.png", "cat"}}));
+    indexItem("a.eml", {{"c.png", {{"TextRecognitionString", ""}}}});
+    EXPECT_THAT(eventsOfAttachments(), ElementsAre("add a.eml/c.png with \"\ncat\nsofa\""));
+}

@@ -73,6 +73,7 @@ public:
     [[nodiscard]] bool flush() override
     {
         m_record->note("flush");
+        m_record->whenFlushed();
         return m_record->flushes;
     }
 

@@ -23,6 +23,8 @@ struct IndexRecord {
     /// Answers whether a document can be added; may raise.
     std::function<bool(const std::string& name)> adds = [](const std::string&) { return true; };
     std::function<bool()> removes = [] { return true; };
+    /// What else happens in a flush.
+    std::function<void()> whenFlushed = [] {};
     std::vector<SKDocumentRef> children;
     std::int64_t documentCount = 0;
     SKDocumentID maximumDocumentID = 0;
