@@ -27,15 +27,6 @@ struct MoveArguments {
     std::string to;
 };
 
-std::vector<MoveStep> planMove(const MoveArguments& arguments, const SKIndex& index)
-{
-    const auto isIndexed = [&index](const NSURL& url) {
-        const auto document = SKDocument::createWithURL(url);
-        return document && index.documentState(document) == SKDocumentState::Indexed;
-    };
-    return movePlan(NSURL::fileURLWithPath(arguments.from), NSURL::fileURLWithPath(arguments.to), isIndexed);
-}
-
 std::optional<NSError> requestMove(IndexingClient& client, const MoveStep& step, const NSURL& indexURL)
 {
     NSError error;
@@ -59,7 +50,8 @@ ExitStatus moveItem(const MoveArguments& arguments)
         printError("indexing service", errorMessage(error));
         return ExitStatus::Failure;
     }
-    for (const auto& step : planMove(arguments, *index)) {
+    const auto from = NSURL::fileURLWithPath(arguments.from);
+    for (const auto& step : movePlan(from, NSURL::fileURLWithPath(arguments.to))) {
         if (const auto failure = requestMove(*client, step, indexURL)) {
             printError(step.from.path(), errorMessage(*failure));
             return ExitStatus::Failure;

@@ -103,7 +103,11 @@ Command addSearchCommand(CLI::App& program)
     auto arguments = std::make_shared<SearchArguments>();
     auto& command = addCommand(program, "search", "Search an index.", kExplanation);
     addIndexOption(command, arguments->indexPath);
-    const auto notNegative = CLI::Validator(CLI::NonNegativeNumber).description("");
+    const CLI::Validator notNegative(
+        [](std::string& value) {
+            return value.starts_with('-') ? std::string("a number from 0 on is wanted") : std::string();
+        },
+        "");
     command.add_option("--limit", arguments->limit, "How many hits to show")
         ->type_name("N")
         ->check(notNegative)

@@ -3,6 +3,7 @@
 #include "cli/Console.h"
 #include "cli/ErrorMessage.h"
 #include "cli/JSONLines.h"
+#include "platform/media/PDFTextCache.h"
 #include "platform/search/FileText.h"
 #include "platform/search/SKIndex.h"
 #include "service/ItemText.h"
@@ -35,6 +36,8 @@ struct IndexedText {
 
 IndexedText indexedText(const NSURL& url, NSError& error)
 {
+    // As in a request: what is read of a PDF is read once.
+    const PDFTextCache::RequestScope scope;
     auto item = textOfItem(url, {}, ItemSources());
     const std::string rule(nameOfItemTextRule(item.rule));
     if (item.error) {

@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kChunkByteCount = 32768;
 /// The library makes a table as long as the directory says it is before it looks at the first member.
 constexpr std::uint64_t kDirectoryEntryLimit = 1'000'000;
+// What the library may read to open a container: it keeps the whole directory, names and comments included.
+constexpr std::uint64_t kDirectoryByteLimit = std::uint64_t{32} << 20;
 /// The records that end a zip file stand within this many bytes of its end.
 constexpr std::size_t kTailByteCount = 65536 + 256;
 
@@ -89,6 +91,8 @@ private:
 
     SourceBytes m_bytes;
     std::uint64_t m_position = 0;
+    std::uint64_t m_openingByteCount = 0;
+    bool m_isOpening = true;
     bool m_isRefused = false;
     zip_error_t m_error{};
     std::unique_ptr<zip_t, ArchiveCloser> m_archive;
@@ -104,6 +108,7 @@ bool ZipContainer::Archive::open()
     m_archive.reset(zip_open_from_source(source, ZIP_RDONLY, nullptr));
     if (!m_archive)
         zip_source_free(source);
+    m_isOpening = false;
     return m_archive != nullptr;
 }
 
@@ -148,6 +153,11 @@ zip_int64_t ZipContainer::Archive::read(void* data, zip_uint64_t byteCount)
         return -1;
     }
     m_position += *count;
+    m_openingByteCount += *count;
+    if (m_isOpening && m_openingByteCount > kDirectoryByteLimit) {
+        zip_error_set(&m_error, ZIP_ER_MEMORY, 0);
+        return -1;
+    }
     return static_cast<zip_int64_t>(*count);
 }
 

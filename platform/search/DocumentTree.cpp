@@ -118,17 +118,6 @@ std::vector<DocumentTree::Node> DocumentTree::childDocuments(NodeID parent)
     return nodes;
 }
 
-bool DocumentTree::isWithin(NodeID identifier, NodeID top)
-{
-    std::size_t steps = 0;
-    for (auto current = node(identifier); current && steps < kDeepest;
-         current = node(current->parent), ++steps) {
-        if (current->id == top)
-            return true;
-    }
-    return false;
-}
-
 void DocumentTree::setDocument(NodeID node, std::optional<SKDocumentID> document)
 {
     auto statement = m_database.prepare("UPDATE node SET document = ?2 WHERE id = ?1");

@@ -42,7 +42,6 @@ public:
     [[nodiscard]] std::vector<Node> subtree(NodeID top);
     /// The nodes directly beneath `parent` that are documents, by name.
     [[nodiscard]] std::vector<Node> childDocuments(NodeID parent);
-    [[nodiscard]] bool isWithin(NodeID identifier, NodeID top);
 
     void setDocument(NodeID node, std::optional<SKDocumentID> document);
     void setPlace(NodeID node, NodeID parent, std::string_view name);

@@ -2,11 +2,11 @@
 
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/Unicode.h"
+#include "platform/media/ContentLimits.h"
 #include "platform/search/FileText.h"
 #include "platform/search/IndexCheck.h"
 #include "platform/search/IndexCompaction.h"
 #include "platform/search/IndexSearch.h"
-#include "platform/search/StoredText.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,14 +35,15 @@ bool namesOneFile(const SKDocumentRef& document)
 // What is indexed of a text: whole characters, no NULs, and no more than an index keeps.
 std::string_view indexableText(std::string_view text, std::string& storage)
 {
-    const auto kept = prefixAtCharacterBorder(text, StoredText::kMaximumByteCount);
+    constexpr std::size_t kMostBytes = ContentLimits().textBytes;
+    const auto kept = prefixAtCharacterBorder(text, kMostBytes);
     if (kept.size() < text.size())
         NSLog("A text of {} bytes was cut at {} bytes", text.size(), kept.size());
     if (kept.find('\0') == std::string_view::npos && isValidUTF8(kept))
         return kept;
     storage = validUTF8(kept);
     std::replace(storage.begin(), storage.end(), '\0', ' ');
-    return prefixAtCharacterBorder(storage, StoredText::kMaximumByteCount);
+    return prefixAtCharacterBorder(storage, kMostBytes);
 }
 
 class ChildIterator final : public SKIndexDocumentIterator {
@@ -254,9 +255,12 @@ bool EmbeddedIndex::moveDocument(const SKDocumentRef& document, const SKDocument
         const auto node = m_tree->find(document);
         if (!node)
             return false;
-        const auto existing = m_tree->find(newParent);
-        if (existing && m_tree->isWithin(existing->id, node->id))
-            return false;
+        // Also beneath folders that are not in the tree yet, and would be made within what moves.
+        for (const auto* step = &newParent; *step; step = &(*step)->parent()) {
+            const auto above = m_tree->find(*step);
+            if (above && above->id == node->id)
+                return false;
+        }
         return place(*node, m_tree->ensure(newParent).id, node->name);
     });
 }
@@ -284,15 +288,18 @@ bool EmbeddedIndex::compact()
     if (!flush())
         return false;
     try {
-        return change([&] {
-                   renumberDocuments(*m_database);
-                   return true;
-               })
-            && flush() && shrinkFile(*m_database, m_path);
+        const bool renumbered = change([&] {
+            renumberDocuments(*m_database);
+            return true;
+        });
+        if (!renumbered || !flush())
+            return false;
     } catch (const SKIndexException& exception) {
         NSLog("Couldn't compact {}: {}", m_path, exception.what());
         return false;
     }
+    shrinkFile(*m_database, m_path);
+    return true;
 }
 
 std::int64_t EmbeddedIndex::documentCount() const

@@ -36,14 +36,12 @@ void renumberDocuments(const SQLiteDatabase& database)
     database.prepare("INSERT INTO fulltext(fulltext) VALUES('optimize')").run();
 }
 
-bool shrinkFile(SQLiteDatabase& database, const std::string& path)
+void shrinkFile(SQLiteDatabase& database, const std::string& path)
 {
     try {
         database.execute("VACUUM");
         database.execute("PRAGMA wal_checkpoint(TRUNCATE)");
-        return true;
     } catch (const SQLiteError& error) {
         NSLog("Couldn't shrink {}: {}", path, error.what());
-        return false;
     }
 }

@@ -9,6 +9,6 @@
 void renumberDocuments(const SQLiteDatabase& database);
 
 /// Outside a transaction: gives unused pages and the write-ahead log back to the file system. Each step is
-/// whole or undone after a crash. @return false, with a log line, when another connection was in the way:
+/// whole or undone after a crash. One log line says so when another connection or a full disk is in the way:
 /// nothing is lost by it.
-[[nodiscard]] bool shrinkFile(SQLiteDatabase& database, const std::string& path);
+void shrinkFile(SQLiteDatabase& database, const std::string& path);

@@ -10,6 +10,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <fcntl.h>
@@ -152,13 +153,11 @@ std::unique_ptr<SQLiteDatabase> connect(const std::string& path, SQLiteOpen mode
 std::unique_ptr<SQLiteDatabase> openForReading(const std::string& path, std::chrono::milliseconds timeout)
 {
     // A reader that may write checkpoints the log when it is the last to close; it never changes the content.
-    if (::access(path.c_str(), W_OK) == 0) {
-        auto database = connect(path, SQLiteOpen::ReadWrite, timeout);
+    try {
+        const bool mayWrite = ::access(path.c_str(), W_OK) == 0;
+        auto database = connect(path, mayWrite ? SQLiteOpen::ReadWrite : SQLiteOpen::ReadOnly, timeout);
         database->execute("PRAGMA query_only = ON");
         return database;
-    }
-    try {
-        return connect(path, SQLiteOpen::ReadOnly, timeout);
     } catch (const SQLiteError& error) {
         // Without a place for its locks SQLite reads only a file that nobody can be writing.
         const bool noPlaceForLocks = error.code() == SQLITE_CANTOPEN || error.code() == SQLITE_READONLY;
@@ -200,6 +199,21 @@ void removeWithCompanions(const std::string& path)
         (void)::unlink((path + suffix).c_str()); // Most of them were never made.
 }
 
+// Gives the file its name, never over another file; errno tells why not. Some file systems know only one of
+// the ways.
+bool putInPlace(const std::string& scratch, const std::string& path)
+{
+    if (::renameat2(AT_FDCWD, scratch.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) != 0
+        && (errno != EINVAL || ::link(scratch.c_str(), path.c_str()) != 0))
+        return false;
+    const auto slash = path.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    const FileDescriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    (void)::fsync(
+        directory.get()); // The index is there; only a power cut right now could take the empty file back.
+    return true;
+}
+
 } // namespace
 
 NSError IndexFile::error(Error code, const std::string& description)
@@ -213,7 +227,7 @@ bool IndexFile::create(const std::string& path, NSError* error)
 
     if (path.empty() || ::lstat(path.c_str(), &status) == 0)
         return failToCreate(error, path, reasonOf(path.empty() ? EINVAL : EEXIST));
-    // Made beside its place and linked to it when whole; the link fails if somebody else was faster.
+    // Made beside its place and put there when whole, unless somebody else was faster.
     std::string scratch = path + ".XXXXXX";
     const FileDescriptor file(::mkostemp(scratch.data(), O_CLOEXEC));
     if (!file.isValid() || ::fchmod(file.get(), kFileMode) != 0)
@@ -224,10 +238,10 @@ bool IndexFile::create(const std::string& path, NSError* error)
         removeWithCompanions(scratch);
         return failToCreate(error, path, failure.what());
     }
-    const bool linked = ::link(scratch.c_str(), path.c_str()) == 0;
+    const bool placed = putInPlace(scratch, path);
     const int code = errno;
     removeWithCompanions(scratch);
-    return linked || failToCreate(error, path, reasonOf(code));
+    return placed || failToCreate(error, path, reasonOf(code));
 }
 
 std::unique_ptr<SQLiteDatabase> IndexFile::open(const std::string& path, SKIndexAccess access,

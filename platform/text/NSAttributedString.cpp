@@ -1,6 +1,7 @@
 #include "platform/text/NSAttributedString.h"
 
 #include "platform/foundation/FileDescriptor.h"
+#include "platform/foundation/NSLog.h"
 #include "platform/media/ContentReader.h"
 #include "platform/types/UTType.h"
 
@@ -34,5 +35,7 @@ std::optional<NSAttributedString> NSAttributedString::initWithURL(const NSURL& u
                  NSError::errorWithCode(NSCocoaError::FileReadCorruptFile, path + ": " + content.reason));
         return std::nullopt;
     }
+    for (const auto& note : content.cutNotes)
+        NSLog("Read in part: {}: {}", path, note);
     return NSAttributedString(std::move(content.text));
 }

@@ -181,6 +181,7 @@ TEST_F(SKIndexTest, RefusesMovesThatCannotBe)
     EXPECT_FALSE(m_index->moveDocument(document("/not-there"), document("/a")));
     EXPECT_FALSE(m_index->moveDocument(document("/a"), document("/a")));
     EXPECT_FALSE(m_index->moveDocument(document("/a"), document("/a/b")));
+    EXPECT_FALSE(m_index->moveDocument(document("/a"), document("/a/not/yet/there")));
     EXPECT_TRUE(m_index->moveDocument(document("/a/b"), document("/a")));
     EXPECT_EQ(found("x"), (Paths{"/a/b"}));
     expectSound();
