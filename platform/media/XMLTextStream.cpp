@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <mutex>
 #include <new>
 #include <span>
 #include <string>
@@ -100,6 +101,9 @@ XMLTextStream::Parser::Parser(XMLHandler& handler, ContentSink& sink)
     callbacks.endElementNs = onEnd;
     callbacks.characters = onText;
     callbacks.ignorableWhitespace = onText;
+    // The library's own first use is not safe on two threads at once.
+    static std::once_flag initialised;
+    std::call_once(initialised, xmlInitParser);
     m_context.reset(xmlCreatePushParserCtxt(&callbacks, this, nullptr, 0, nullptr));
     if (!m_context)
         throw std::bad_alloc();
