@@ -76,7 +76,8 @@ void search(benchmark::State& state, const std::string& query, bool snippets)
     SKSearchOptions options;
     options.snippets = snippets;
     std::vector<SKSearchHit> hits;
-    for ([[maybe_unused]] auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores): what the library asks for
+    for ([[maybe_unused]] auto _ :
+         state) { // NOLINT(clang-analyzer-deadcode.DeadStores): what the library asks for
         NSError error;
         if (!index.search(query, options, hits, &error))
             throw std::runtime_error(error.localizedDescription());

@@ -44,7 +44,8 @@ public:
 void tokenizing(benchmark::State& state)
 {
     Tokenizer tokenizer;
-    for ([[maybe_unused]] auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores): what the library asks for
+    for ([[maybe_unused]] auto _ :
+         state) { // NOLINT(clang-analyzer-deadcode.DeadStores): what the library asks for
         Counter counter;
         for (const auto& text : texts())
             (void)tokenizer.tokenize(text, TokenizeFor::Document, counter); // The counter never stops it.
@@ -73,7 +74,8 @@ void require(int code)
 void bulkInsert(benchmark::State& state, const std::string& tokenizer)
 {
     (void)texts();
-    for ([[maybe_unused]] auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores): what the library asks for
+    for ([[maybe_unused]] auto _ :
+         state) { // NOLINT(clang-analyzer-deadcode.DeadStores): what the library asks for
         sqlite3* opened = nullptr;
         require(sqlite3_open(":memory:", &opened));
         const std::unique_ptr<sqlite3, Closer> database(opened);
