@@ -7,6 +7,11 @@ const NSClass NSDataClass{"NSData", &NSObjectClass};
 const NSClass NSDateClass{"NSDate", &NSObjectClass};
 const NSClass NSArrayClass{"NSArray", &NSObjectClass};
 const NSClass NSDictionaryClass{"NSDictionary", &NSObjectClass};
+const NSClass NSURLClass{"NSURL", &NSObjectClass};
+const NSClass NSMutableStringClass{"NSMutableString", &NSStringClass};
+const NSClass NSMutableDataClass{"NSMutableData", &NSDataClass};
+const NSClass NSMutableArrayClass{"NSMutableArray", &NSArrayClass};
+const NSClass NSMutableDictionaryClass{"NSMutableDictionary", &NSDictionaryClass};
 
 bool NSClass::isSubclassOfClass(const NSClass& other) const
 {

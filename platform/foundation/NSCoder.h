@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,13 +35,27 @@ public:
     virtual void encodeDouble(double value, std::string_view key) = 0;
     /// Bytes that stand in the object itself, not as an object of their own.
     virtual void encodeBytes(std::string_view bytes, std::string_view key) = 0;
+    /// The same for a text. It is decoded as an object is.
+    virtual void encodeInlineString(std::u16string_view text, std::string_view key) = 0;
+    /// A list of references in the object itself, as collections hold their contents.
+    virtual void encodeArrayOfObjects(std::span<const NSAny> objects, std::string_view key) = 0;
+
+    /// Objects of the mutable classes, where a form asks for them. Each call writes an object of its own;
+    /// they are decoded as what encodeObject writes is.
+    virtual void encodeMutableString(std::u16string_view text, std::string_view key) = 0;
+    virtual void encodeMutableData(std::string_view bytes, std::string_view key) = 0;
+    virtual void encodeMutableArray(std::span<const NSAny> objects, std::string_view key) = 0;
 
     [[nodiscard]] virtual bool containsValueForKey(std::string_view key) const = 0;
     /// The object under the key, of any class; nil when absent. With secure coding: of the classes of the
     /// enclosing operation.
     [[nodiscard]] virtual NSAny decodeObjectForKey(std::string_view key) = 0;
-    /// The object under the key. One of another class makes the decoding fail; nil when absent.
+    /// The object under the key; nil when absent. With secure coding one of another class makes the decoding
+    /// fail. Without, the classes are not looked at and any object may come.
     [[nodiscard]] virtual NSAny decodeObjectOfClasses(const NSClassList& classes, std::string_view key) = 0;
+    /// What encodeArrayOfObjects wrote, each object as decodeObjectForKey gives it. Nil stands where an
+    /// object was left out because its class is unknown. Empty when absent.
+    [[nodiscard]] virtual std::vector<NSAny> decodeArrayOfObjectsForKey(std::string_view key) = 0;
     /// False, 0 and 0.0 when absent. Integers and reals are taken for each other.
     [[nodiscard]] virtual bool decodeBoolForKey(std::string_view key) = 0;
     [[nodiscard]] virtual std::int64_t decodeIntegerForKey(std::string_view key) = 0;

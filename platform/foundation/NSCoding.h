@@ -28,7 +28,7 @@ public:
     virtual void encodeWithCoder(NSCoder& coder) const = 0;
 };
 
-/// The classes that archives hold and that C++ values stand for here.
+/// The classes that archives hold and that the kinds of NSAny stand for here.
 extern const NSClass NSObjectClass;
 extern const NSClass NSStringClass;
 extern const NSClass NSNumberClass;
@@ -36,3 +36,10 @@ extern const NSClass NSDataClass;
 extern const NSClass NSDateClass;
 extern const NSClass NSArrayClass;
 extern const NSClass NSDictionaryClass;
+extern const NSClass NSURLClass;
+
+/// Their mutable forms, which are read as the plain ones are: values never change.
+extern const NSClass NSMutableStringClass;
+extern const NSClass NSMutableDataClass;
+extern const NSClass NSMutableArrayClass;
+extern const NSClass NSMutableDictionaryClass;

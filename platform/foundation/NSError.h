@@ -23,6 +23,9 @@ enum class NSCocoaError : int {
     FileReadCorruptFile = 259,
     FileReadUnknownStringEncoding = 264,
     PropertyListReadCorrupt = 3840,
+    PropertyListWriteInvalid = 3851,
+    CoderReadCorrupt = 4864,
+    CoderValueNotFound = 4865,
 };
 
 /// An error as a value: a domain, a code within it, and optional user info. All texts are UTF-8.
