@@ -19,6 +19,8 @@ pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip>=1.7)
 pkg_check_modules(EXIV2 REQUIRED IMPORTED_TARGET exiv2>=0.27)
 pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd>=252)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0>=2.2)
+# Compiles the message catalogues of po/; in gettext.
+find_program(CORVEL_MSGFMT msgfmt REQUIRED)
 
 if(CORVEL_BUILD_TESTS)
     find_package(GTest 1.12 REQUIRED)
