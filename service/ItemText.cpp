@@ -82,7 +82,7 @@ void readWordDocument(ItemText& item, const NSURL& url)
 {
     NSError error;
     if (const auto document = NSAttributedString::initWithURL(url, &error))
-        item.text = document->string();
+        item.text = UTF8FromUTF16(document->string());
     else
         item.error = error;
 }

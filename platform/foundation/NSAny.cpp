@@ -111,6 +111,12 @@ NSAny::NSAny(Dictionary dictionary)
 {
 }
 
+NSAny::NSAny(std::shared_ptr<const Dictionary> dictionary)
+{
+    if (dictionary)
+        m_value = std::move(dictionary);
+}
+
 const std::u16string* NSAny::string() const
 {
     const auto* text = std::get_if<std::shared_ptr<const std::u16string>>(&m_value);
@@ -139,6 +145,12 @@ const NSAny::Dictionary* NSAny::dictionary() const
 {
     const auto* dictionary = std::get_if<std::shared_ptr<const Dictionary>>(&m_value);
     return dictionary ? dictionary->get() : nullptr;
+}
+
+std::shared_ptr<const NSAny::Dictionary> NSAny::sharedDictionary() const
+{
+    const auto* dictionary = std::get_if<std::shared_ptr<const Dictionary>>(&m_value);
+    return dictionary ? *dictionary : nullptr;
 }
 
 std::optional<NSDate> NSAny::date() const
@@ -240,8 +252,6 @@ bool operator==(const NSAny& one, const NSAny& other)
             const auto& otherValue = std::get<std::decay_t<decltype(value)>>(other.m_value);
             if constexpr (requires { *value == *otherValue; })
                 return equalShared(value, otherValue);
-            else if constexpr (requires { value.get(); })
-                return value == otherValue;
             else
                 return value == otherValue;
         },

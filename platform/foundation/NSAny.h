@@ -83,6 +83,7 @@ public:
     NSAny(NSURL url);
     NSAny(Array array);
     NSAny(Dictionary dictionary);
+    NSAny(std::shared_ptr<const Dictionary> dictionary);
 
     /// An immutable value object, or nil for a null pointer.
     template <std::derived_from<NSObject> Class> NSAny(std::shared_ptr<const Class> object)
@@ -111,6 +112,8 @@ public:
     [[nodiscard]] const NSURL* url() const;
     [[nodiscard]] const Array* array() const;
     [[nodiscard]] const Dictionary* dictionary() const;
+    /// The dictionary with its ownership; null when the value is of another kind.
+    [[nodiscard]] std::shared_ptr<const Dictionary> sharedDictionary() const;
     [[nodiscard]] std::optional<NSDate> date() const;
 
     [[nodiscard]] bool isBoolean() const { return std::holds_alternative<bool>(m_value); }
