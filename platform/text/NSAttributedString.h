@@ -113,6 +113,8 @@ public:
     [[nodiscard]] NSUInteger runCount() const;
 
 protected:
+    friend class NSAttributedStringObject;
+
     [[nodiscard]] NSRange clamped(NSRange range) const;
 
     [[nodiscard]] static const AttributedText& textOf(const NSAttributedString& string)
