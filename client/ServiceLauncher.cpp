@@ -1,9 +1,9 @@
 #include "client/ServiceLauncher.h"
 
 #include "client/DetachedProcess.h"
+#include "platform/foundation/FileLock.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSURL.h"
-#include "platform/xpc/FileLock.h"
 #include "platform/xpc/UnixSocket.h"
 
 #include <algorithm>

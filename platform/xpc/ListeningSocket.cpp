@@ -1,7 +1,7 @@
 #include "platform/xpc/ListeningSocket.h"
 
+#include "platform/foundation/FileLock.h"
 #include "platform/foundation/NSFileManager.h"
-#include "platform/xpc/FileLock.h"
 #include "platform/xpc/SocketAddress.h"
 #include "platform/xpc/UnixSocket.h"
 

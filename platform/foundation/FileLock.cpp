@@ -1,4 +1,4 @@
-#include "platform/xpc/FileLock.h"
+#include "platform/foundation/FileLock.h"
 
 #include <cerrno>
 #include <fcntl.h>
