@@ -44,14 +44,27 @@ NSRange AttributeRuns::rangeAt(std::size_t index) const
     return {start, startOf(index + 1) - start};
 }
 
+bool AttributeRuns::holds(std::size_t index, NSUInteger location) const
+{
+    return index < m_runs.size() && startOf(index) <= location && location < startOf(index + 1);
+}
+
 std::size_t AttributeRuns::indexAt(NSUInteger location) const
 {
+    const auto hint = m_hint.get();
+    for (const auto near : {hint, hint + 1, hint - 1}) {
+        if (holds(near, location)) {
+            m_hint.set(near);
+            return near;
+        }
+    }
     std::size_t low = 0;
     auto high = m_runs.size();
     while (high - low > 1) {
         const auto middle = low + (high - low) / 2;
         (startOf(middle) <= location ? low : high) = middle;
     }
+    m_hint.set(low);
     return low;
 }
 

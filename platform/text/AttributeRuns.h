@@ -4,6 +4,7 @@
 #include "platform/foundation/NSRange.h"
 #include "platform/text/GapBuffer.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -24,6 +25,33 @@ private:
     std::vector<SharedAttributes> m_slots;
 };
 
+/// Where a search ended last. Threads that read one text may each write it: whichever place stands is only
+/// where the next search begins.
+class SearchHint {
+public:
+    SearchHint() = default;
+
+    SearchHint(const SearchHint& other)
+        : m_index(other.get())
+    {
+    }
+
+    SearchHint& operator=(const SearchHint& other)
+    {
+        set(other.get());
+        return *this;
+    }
+
+    ~SearchHint() = default;
+
+    [[nodiscard]] std::size_t get() const { return m_index.load(std::memory_order_relaxed); }
+
+    void set(std::size_t index) { m_index.store(index, std::memory_order_relaxed); }
+
+private:
+    std::atomic<std::size_t> m_index = 0;
+};
+
 /// The attributes of every unit of a text, as runs in the text's order. Neighbours differ in value.
 ///
 /// Each run is kept with where it starts: those before the buffer's gap from the text's start, those behind
@@ -34,7 +62,7 @@ public:
 
     [[nodiscard]] std::size_t count() const { return m_runs.size(); }
 
-    /// The run that holds a location, which must lie before the end.
+    /// The run that holds a location, which must lie before the end. Quick near the location asked for last.
     [[nodiscard]] std::size_t indexAt(NSUInteger location) const;
     [[nodiscard]] NSRange rangeAt(std::size_t index) const;
 
@@ -59,6 +87,7 @@ private:
     };
 
     [[nodiscard]] NSUInteger startOf(std::size_t index) const;
+    [[nodiscard]] bool holds(std::size_t index, NSUInteger location) const;
     void moveGap(std::size_t index);
     /// Makes a run start at `location`; its index.
     std::size_t split(NSUInteger location);
@@ -69,4 +98,5 @@ private:
 
     GapBuffer<Run> m_runs;
     NSUInteger m_length = 0;
+    mutable SearchHint m_hint;
 };
