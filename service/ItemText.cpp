@@ -5,8 +5,8 @@
 #include "platform/foundation/TextEncoding.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/media/ContentLimits.h"
+#include "platform/media/NSAttributedStringDocumentFormats.h"
 #include "platform/media/PDFDocument.h"
-#include "platform/text/NSAttributedString.h"
 #include "service/JoinedLines.h"
 #include "service/MailText.h"
 
@@ -81,7 +81,7 @@ void readText(ItemText& item, const NSURL& url)
 void readWordDocument(ItemText& item, const NSURL& url)
 {
     NSError error;
-    if (const auto document = NSAttributedString::initWithURL(url, &error))
+    if (const auto document = NSAttributedStringDocumentFormats::initWithURL(url, &error))
         item.text = UTF8FromUTF16(document->string());
     else
         item.error = error;

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "platform/foundation/NSAny.h"
-#include "platform/foundation/NSError.h"
 #include "platform/foundation/NSRange.h"
-#include "platform/foundation/NSURL.h"
 
 #include <functional>
 #include <memory>
@@ -39,13 +37,6 @@ public:
     NSAttributedString& operator=(const NSAttributedString& other);
     NSAttributedString& operator=(NSAttributedString&& other) noexcept;
     ~NSAttributedString();
-
-    /// The text of the Word document at `url`, whatever the file's name says; for now without attributes. A
-    /// document that is damaged in parts beside its body still reads. None when the file cannot be read
-    /// (`error` is of NSPOSIXErrorDomain), or is damaged or encrypted or holds no Word document (`error` is
-    /// FileReadCorruptFile of NSCocoaErrorDomain).
-    [[nodiscard]] static std::optional<NSAttributedString> initWithURL(const NSURL& url,
-                                                                       NSError* error = nullptr);
 
     /// One character, U+FFFC, that carries `attachment` (an object of NSTextAttachment or of a class derived
     /// from it) and `attributes`.

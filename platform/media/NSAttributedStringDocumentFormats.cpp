@@ -1,13 +1,15 @@
+#include "platform/media/NSAttributedStringDocumentFormats.h"
+
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/media/ContentReader.h"
-#include "platform/text/NSAttributedString.h"
 #include "platform/types/UTType.h"
 
 #include <cerrno>
 
-std::optional<NSAttributedString> NSAttributedString::initWithURL(const NSURL& url, NSError* error)
+std::optional<NSAttributedString> NSAttributedStringDocumentFormats::initWithURL(const NSURL& url,
+                                                                                 NSError* error)
 {
     const auto path = url.path();
     const auto file = FileDescriptor::openForReading(path);
