@@ -179,8 +179,6 @@ private:
     explicit NSColor(Value value);
     static Ref make(Value value);
     static Ref withComponents(NSColorSpace::Name space, const std::array<double, 5>& values);
-    /// Itself unless it is a name; null when a name stands for nothing.
-    [[nodiscard]] const NSColor* resolved(NSAppearance appearance, Ref& keeper) const;
 
     Value m_value;
     std::shared_ptr<const ArchivedForm> m_archived;
