@@ -1,6 +1,8 @@
 #include "platform/foundation/NSFileManager.h"
 
 #include "platform/foundation/FileDescriptor.h"
+#include "platform/foundation/NSStringPaths.h"
+#include "platform/foundation/Unicode.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -64,6 +66,21 @@ bool NSFileManager::removeItemAtURL(const NSURL& url, NSError* error)
     if (failure)
         return report(error, failure.value(), path);
     return count > 0 || report(error, ENOENT, path);
+}
+
+std::u16string NSFileManager::displayNameAtPath(std::u16string_view path)
+{
+    return lastPathComponent(path);
+}
+
+std::string NSFileManager::fileSystemRepresentation(std::u16string_view path)
+{
+    return UTF8FromUTF16(path.substr(0, path.find(u'\0')));
+}
+
+std::u16string NSFileManager::stringWithFileSystemRepresentation(const char* bytes, std::size_t length)
+{
+    return UTF16FromUTF8({bytes, length});
 }
 
 std::optional<NSURL> writeNewFile(std::string_view bytes, const NSURL& folder, std::string_view name,

@@ -225,3 +225,15 @@ bool NSURL::checkResourceIsReachableAndReturnError(NSError* error) const
     setError(error, NSError::errorWithErrno(filePath.empty() ? EINVAL : errno, m_string));
     return false;
 }
+
+bool NSURL::checkPromisedItemIsReachableAndReturnError(NSError* error) const
+{
+    const auto filePath = isFileURL() ? path() : std::string();
+
+    struct stat status { };
+
+    if (!filePath.empty() && ::lstat(filePath.c_str(), &status) == 0)
+        return true;
+    setError(error, NSError::errorWithErrno(filePath.empty() ? EINVAL : errno, m_string));
+    return false;
+}

@@ -43,6 +43,10 @@ public:
     /// Whether the file exists and can be looked up, following links; else false with the reason in `error`.
     [[nodiscard]] bool checkResourceIsReachableAndReturnError(NSError* error = nullptr) const;
 
+    /// Whether the place is taken: by a file, whether its contents are here or are still to be fetched, or by
+    /// a link, whatever has become of what it points at.
+    [[nodiscard]] bool checkPromisedItemIsReachableAndReturnError(NSError* error = nullptr) const;
+
     friend bool operator==(const NSURL&, const NSURL&) = default;
 
 private:

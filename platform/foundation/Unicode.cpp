@@ -84,6 +84,21 @@ char32_t nextCodePoint(std::string_view utf8, std::size_t& offset)
     return codePoint;
 }
 
+char32_t nextCodePoint(std::u16string_view utf16, std::size_t& offset)
+{
+    const char32_t unit = utf16[offset++];
+    if (!isLeadSurrogate(unit) || offset == utf16.size() || !isTrailSurrogate(utf16[offset]))
+        return unit;
+    return 0x10000 + ((unit & 0x3FFU) << 10U) + (utf16[offset++] & 0x3FFU);
+}
+
+std::size_t previousCodePointStart(std::u16string_view utf16, std::size_t offset)
+{
+    const bool isPair
+        = offset > 1 && isTrailSurrogate(utf16[offset - 1]) && isLeadSurrogate(utf16[offset - 2]);
+    return offset - (isPair ? 2 : 1);
+}
+
 void appendUTF8(std::string& text, char32_t codePoint)
 {
     const auto tail
@@ -131,12 +146,9 @@ std::string UTF8FromUTF16(std::u16string_view text)
 {
     std::string utf8;
     utf8.reserve(text.size());
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        char32_t codePoint = text[index];
-        if (isLeadSurrogate(codePoint) && index + 1 < text.size() && isTrailSurrogate(text[index + 1]))
-            codePoint = 0x10000 + ((codePoint & 0x3FFU) << 10U) + (text[++index] & 0x3FFU);
-        appendUTF8(utf8, codePoint); // What is left of surrogates stands alone, and is replaced.
-    }
+    for (std::size_t offset = 0; offset < text.size();)
+        appendUTF8(utf8,
+                   nextCodePoint(text, offset)); // What is left of surrogates stands alone, and is replaced.
     return utf8;
 }
 

@@ -11,6 +11,13 @@ inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 /// as the Unicode standard recommends. `offset` must be below the length.
 [[nodiscard]] char32_t nextCodePoint(std::string_view utf8, std::size_t& offset);
 
+/// The code point at `offset`, which is moved behind it; an unpaired surrogate stands for itself. `offset`
+/// must be below the length.
+[[nodiscard]] char32_t nextCodePoint(std::u16string_view utf16, std::size_t& offset);
+
+/// Where the code point begins that ends at `offset`, which must be above 0.
+[[nodiscard]] std::size_t previousCodePointStart(std::u16string_view utf16, std::size_t offset);
+
 void appendUTF8(std::string& text, char32_t codePoint);
 
 [[nodiscard]] bool isValidUTF8(std::string_view bytes);

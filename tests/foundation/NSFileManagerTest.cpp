@@ -58,6 +58,23 @@ TEST(NSFileManager, RemovesALinkAndNotWhatItPointsAt)
     EXPECT_EQ(error.code(), ENOENT);
 }
 
+TEST(NSFileManager, ShowsTheLastComponent)
+{
+    EXPECT_EQ(NSFileManager::displayNameAtPath(u"/tmp/Report.pdf"), u"Report.pdf");
+    EXPECT_EQ(NSFileManager::displayNameAtPath(u"Report.pdf"), u"Report.pdf");
+    EXPECT_EQ(NSFileManager::displayNameAtPath(u"/"), u"/");
+    EXPECT_EQ(NSFileManager::displayNameAtPath(u""), u"");
+}
+
+TEST(NSFileManager, KeepsNamesByteForByte)
+{
+    EXPECT_EQ(NSFileManager::fileSystemRepresentation(u"caf\u00E9"), "caf\xC3\xA9");
+    EXPECT_EQ(NSFileManager::fileSystemRepresentation(u"cafe\u0301"), "cafe\xCC\x81");
+    EXPECT_EQ(NSFileManager::fileSystemRepresentation(std::u16string_view(u"a\0b", 3)), "a");
+    EXPECT_EQ(NSFileManager::stringWithFileSystemRepresentation("caf\xC3\xA9!", 5), u"caf\u00E9");
+    EXPECT_EQ(NSFileManager::stringWithFileSystemRepresentation("a\xFF", 2), u"a\uFFFD");
+}
+
 TEST(WriteNewFile, WritesUnderTheLastComponentOnly)
 {
     const TemporaryFolder folder;

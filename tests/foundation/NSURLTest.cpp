@@ -104,6 +104,20 @@ TEST(NSURL, SaysWhetherItsFileCanBeReached)
     EXPECT_FALSE(url("file:///a%00").checkResourceIsReachableAndReturnError());
 }
 
+TEST(NSURL, CountsALinkToNothingAsAPromisedItem)
+{
+    const TemporaryFolder folder;
+    folder.write("a", "x");
+    std::filesystem::create_symlink(folder.file("missing"), folder.file("link"));
+    NSError error;
+    EXPECT_TRUE(folder.url("a").checkPromisedItemIsReachableAndReturnError(&error));
+    EXPECT_TRUE(folder.url("link").checkPromisedItemIsReachableAndReturnError(&error));
+    EXPECT_FALSE(folder.url("link").checkResourceIsReachableAndReturnError(&error));
+    EXPECT_FALSE(folder.url("b").checkPromisedItemIsReachableAndReturnError(&error));
+    EXPECT_EQ(error.code(), ENOENT);
+    EXPECT_FALSE(url("https://host/a").checkPromisedItemIsReachableAndReturnError());
+}
+
 TEST(PercentEncoding, DecodesOnlyWholeEscapes)
 {
     EXPECT_EQ(percentDecoded("%41%2f%2F"), "A//");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace {
 
 // Unicode 15, table 3-8 and its neighbours: one U+FFFD for each maximal ill-formed sequence.
@@ -63,6 +66,19 @@ TEST(Unicode, CutsAtCharacterBorders)
     EXPECT_EQ(prefixAtCharacterBorder("日本", 3), "日");
     EXPECT_EQ(prefixAtCharacterBorder("日本", 2), "");
     EXPECT_EQ(prefixAtCharacterBorder("abc", 2), "ab");
+}
+
+TEST(Unicode, StepsThroughUTF16InBothDirections)
+{
+    const std::u16string text = u"a\U0001F600" + std::u16string(1, 0xDE00) + std::u16string(1, 0xD83D);
+    std::vector<char32_t> forwards;
+    for (std::size_t offset = 0; offset < text.size();)
+        forwards.push_back(nextCodePoint(text, offset));
+    EXPECT_EQ(forwards, (std::vector<char32_t>{U'a', 0x1F600, 0xDE00, 0xD83D}));
+    std::vector<std::size_t> starts;
+    for (auto offset = text.size(); offset > 0;)
+        starts.push_back(offset = previousCodePointStart(text, offset));
+    EXPECT_EQ(starts, (std::vector<std::size_t>{4, 3, 1, 0}));
 }
 
 } // namespace
