@@ -21,6 +21,7 @@ enum class NSCocoaError : int {
     FileReadUnknown = 256,
     FileReadNoSuchFile = 260,
     FileReadCorruptFile = 259,
+    FileReadTooLarge = 263,
     FileReadUnknownStringEncoding = 264,
     PropertyListReadCorrupt = 3840,
     PropertyListWriteInvalid = 3851,

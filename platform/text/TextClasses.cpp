@@ -1,0 +1,33 @@
+#include "platform/text/TextClasses.h"
+
+#include "platform/foundation/FoundationClasses.h"
+#include "platform/text/NSAttributedStringObject.h"
+#include "platform/text/NSColor.h"
+#include "platform/text/NSFont.h"
+#include "platform/text/NSParagraphStyle.h"
+#include "platform/text/NSShadow.h"
+#include "platform/text/NSTextAttachment.h"
+#include "platform/text/NSTextTable.h"
+
+const NSClassTable& textClasses()
+{
+    static const NSClassTable table(foundationClasses(),
+                                    {
+                                        &NSAttributedStringObject::classObject(),
+                                        &NSAttributedStringObject::mutableClassObject(),
+                                        &NSColor::classObject(),
+                                        &NSColorSpace::classObject(),
+                                        &NSFont::classObject(),
+                                        &NSFontDescriptor::classObject(),
+                                        &NSParagraphStyle::classObject(),
+                                        &NSParagraphStyle::mutableClassObject(),
+                                        &NSShadow::classObject(),
+                                        &NSTextAttachment::classObject(),
+                                        &NSTextBlock::classObject(),
+                                        &NSTextList::classObject(),
+                                        &NSTextTab::classObject(),
+                                        &NSTextTable::classObject(),
+                                        &NSTextTableBlock::classObject(),
+                                    });
+    return table;
+}
