@@ -15,6 +15,7 @@ const NSClassTable& textClasses()
                                     {
                                         &NSAttributedStringObject::classObject(),
                                         &NSAttributedStringObject::mutableClassObject(),
+                                        &NSAttributedStringObject::textStorageClassObject(),
                                         &NSColor::classObject(),
                                         &NSColorSpace::classObject(),
                                         &NSFont::classObject(),
