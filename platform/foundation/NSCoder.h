@@ -56,6 +56,10 @@ public:
     /// What encodeArrayOfObjects wrote, each object as decodeObjectForKey gives it. Nil stands where an
     /// object was left out because its class is unknown. Empty when absent.
     [[nodiscard]] virtual std::vector<NSAny> decodeArrayOfObjectsForKey(std::string_view key) = 0;
+    /// The same with classes, as decodeObjectOfClasses takes them.
+    [[nodiscard]] virtual std::vector<NSAny> decodeArrayOfObjectsOfClasses(const NSClassList& classes,
+                                                                           std::string_view key)
+        = 0;
     /// False, 0 and 0.0 when absent. Integers and reals are taken for each other.
     [[nodiscard]] virtual bool decodeBoolForKey(std::string_view key) = 0;
     [[nodiscard]] virtual std::int64_t decodeIntegerForKey(std::string_view key) = 0;

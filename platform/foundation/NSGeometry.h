@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 /// Points, sizes and rectangles, in points. The origin is the lower left corner unless a use says otherwise.
 
 struct NSPoint {
@@ -23,6 +26,15 @@ struct NSRect {
     friend bool operator==(const NSRect&, const NSRect&) = default;
 };
 
+struct NSEdgeInsets {
+    double top = 0;
+    double left = 0;
+    double bottom = 0;
+    double right = 0;
+
+    friend bool operator==(const NSEdgeInsets&, const NSEdgeInsets&) = default;
+};
+
 [[nodiscard]] constexpr NSPoint NSMakePoint(double x, double y)
 {
     return {x, y};
@@ -43,3 +55,15 @@ struct NSRect {
 {
     return {{rect.origin.x + dx, rect.origin.y + dy}, {rect.size.width - 2 * dx, rect.size.height - 2 * dy}};
 }
+
+/// The platform's textual forms: "{1, 2.5}" and "{{1, 2}, {3, 4}}". Each number has the fewest digits that
+/// give it back.
+[[nodiscard]] std::u16string NSStringFromPoint(NSPoint point);
+[[nodiscard]] std::u16string NSStringFromSize(NSSize size);
+[[nodiscard]] std::u16string NSStringFromRect(NSRect rect);
+
+/// What the first two (for rectangles four) numbers of a text make, whatever stands between them. A number
+/// that is missing is 0.
+[[nodiscard]] NSPoint NSPointFromString(std::u16string_view text);
+[[nodiscard]] NSSize NSSizeFromString(std::u16string_view text);
+[[nodiscard]] NSRect NSRectFromString(std::u16string_view text);

@@ -16,6 +16,12 @@ public:
     [[nodiscard]] static std::unique_ptr<NSKeyedUnarchiver>
     initForReadingFromData(std::string_view data, const NSClassTable& classes, NSError* error = nullptr);
 
+private:
+    class Archive;
+
+public:
+    /// Only this class can make what it takes.
+    explicit NSKeyedUnarchiver(std::unique_ptr<Archive> archive);
     NSKeyedUnarchiver(const NSKeyedUnarchiver&) = delete;
     NSKeyedUnarchiver& operator=(const NSKeyedUnarchiver&) = delete;
     ~NSKeyedUnarchiver();
@@ -40,8 +46,5 @@ public:
                                                          NSError* error = nullptr);
 
 private:
-    class Archive;
-    explicit NSKeyedUnarchiver(std::unique_ptr<Archive> archive);
-
     std::unique_ptr<Archive> m_archive;
 };

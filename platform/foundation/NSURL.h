@@ -21,6 +21,10 @@ public:
     /// space, a byte outside ASCII, or a percent sign that is not followed by two hexadecimal digits.
     [[nodiscard]] static std::optional<NSURL> URLWithString(std::string_view string);
 
+    /// The absolute URL that a relative one means beneath `base` (RFC 3986, section 5.2). A string with a
+    /// scheme stands for itself, an empty one for the base.
+    [[nodiscard]] static std::optional<NSURL> URLWithString(std::string_view string, const NSURL& base);
+
     [[nodiscard]] const std::string& absoluteString() const { return m_string; }
 
     /// The scheme in lower case; empty for a relative URL.
