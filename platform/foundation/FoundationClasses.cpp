@@ -1,6 +1,7 @@
 #include "platform/foundation/FoundationClasses.h"
 
 #include "platform/foundation/KeyedCollections.h"
+#include "platform/foundation/NSFileWrapper.h"
 #include "platform/foundation/NSNull.h"
 #include "platform/foundation/NSSet.h"
 #include "platform/foundation/NSUUID.h"
@@ -105,6 +106,7 @@ const NSClassTable& foundationClasses()
         &NSOrderedSet::classObject(),
         &NSOrderedSet::mutableClassObject(),
         &NSUUID::classObject(),
+        &NSFileWrapper::classObject(),
         &NSValue::classObject(),
         &NSKeyedCoderOldStyleArray::classObject(),
     };
