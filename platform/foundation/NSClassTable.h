@@ -18,6 +18,9 @@ public:
     /// Null when there is no such class here.
     [[nodiscard]] const NSClass* classNamed(std::string_view name) const;
 
+    /// All of them, by name.
+    [[nodiscard]] const std::map<std::string_view, const NSClass*>& classes() const { return m_classes; }
+
 private:
     std::map<std::string_view, const NSClass*> m_classes;
 };

@@ -3,6 +3,7 @@
 #include "platform/foundation/NSCoder.h"
 #include "platform/text/AttributeRunTable.h"
 #include "platform/text/AttributedText.h"
+#include "platform/text/TextClasses.h"
 
 #include <functional>
 #include <unordered_map>
@@ -13,6 +14,18 @@ namespace {
 constexpr std::string_view kStringKey = "NSString";
 constexpr std::string_view kAttributesKey = "NSAttributes";
 constexpr std::string_view kAttributeInfoKey = "NSAttributeInfo";
+
+/// What attributes may be of in an archive that is read with secure coding: every class of this layer.
+const NSClassList& archivableClasses()
+{
+    static const NSClassList classes = [] {
+        NSClassList all;
+        for (const auto& [name, description] : textClasses().classes())
+            all.push_back(description);
+        return all;
+    }();
+    return classes;
+}
 
 void fail(NSCoder& coder, std::string_view why)
 {
@@ -45,7 +58,7 @@ bool decodeRuns(NSCoder& coder, const NSAny::Array& dictionaries, std::u16string
 
 bool decodeText(NSCoder& coder, AttributedText& text)
 {
-    const auto string = coder.decodeObjectForKey(kStringKey);
+    const auto string = coder.decodeObjectOfClass(NSStringClass, kStringKey);
     if (string.isNil())
         return true;
     if (!string.string()) {
@@ -53,7 +66,7 @@ bool decodeText(NSCoder& coder, AttributedText& text)
         return false;
     }
     const std::u16string_view characters = *string.string();
-    const auto attributes = coder.decodeObjectForKey(kAttributesKey);
+    const auto attributes = coder.decodeObjectOfClasses(archivableClasses(), kAttributesKey);
     if (characters.empty())
         return true;
     if (const auto* dictionaries = attributes.array())
