@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// A sound input for a fuzz target to begin with.
+struct Seed {
+    /// Of its file.
+    std::string name;
+    std::string bytes;
+};
+
+[[nodiscard]] std::vector<Seed> legacyWordSeeds();
+[[nodiscard]] std::vector<Seed> officeDocumentSeeds();
+[[nodiscard]] std::vector<Seed> textEncodingSeeds();
