@@ -53,10 +53,16 @@ KnownFaces& knownFaces()
     return faces;
 }
 
+bool isNameCharacter(char16_t unit)
+{
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9')
+        || unit == u'-' || unit == u'_';
+}
+
 bool isSystemFontName(std::u16string_view name)
 {
     return name.size() > 1 && name.front() == u'.'
-        && std::all_of(name.begin(), name.end(), [](char16_t unit) { return unit > u' ' && unit < 0x7f; });
+        && std::all_of(name.begin() + 1, name.end(), isNameCharacter);
 }
 
 /// The weight and slant that the end of a name tells of.

@@ -1,6 +1,8 @@
 #include "platform/text/TextClasses.h"
 
 #include "platform/foundation/FoundationClasses.h"
+#include "platform/text/ColorCoding.h"
+#include "platform/text/FontCoding.h"
 #include "platform/text/NSAttributedStringObject.h"
 #include "platform/text/NSColor.h"
 #include "platform/text/NSFont.h"
@@ -29,6 +31,8 @@ const NSClassTable& textClasses()
                                         &NSTextTab::classObject(),
                                         &NSTextTable::classObject(),
                                         &NSTextTableBlock::classObject(),
+                                        &UIColorClass(),
+                                        &UIFontClass(),
                                     });
     return table;
 }
