@@ -23,6 +23,7 @@ enum class NSCocoaError : int {
     FileReadCorruptFile = 259,
     FileReadTooLarge = 263,
     FileReadUnknownStringEncoding = 264,
+    FileWriteInapplicableStringEncoding = 517,
     PropertyListReadCorrupt = 3840,
     PropertyListWriteInvalid = 3851,
     CoderReadCorrupt = 4864,

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/text/NSColor.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The colour as a style sheet has it: "#rrggbb", or "rgba(255,0,0,.5)" when it is not opaque.
+[[nodiscard]] std::string cssColor(const NSColorRGBA& color);
+
+/// A colour of a style sheet or of an attribute such as `bgcolor`: a name, three to eight hexadecimal digits
+/// behind a number sign, rgb(), rgba(), hsl() or hsla(), and "transparent". None for everything else.
+[[nodiscard]] std::optional<NSColorRGBA> colorFromCSS(std::string_view text);
+
+/// The colour that CSS names so, 0xRRGGBB; the name is in lower case.
+[[nodiscard]] std::optional<unsigned> namedCSSColor(std::string_view name);
