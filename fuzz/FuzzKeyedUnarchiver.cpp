@@ -31,8 +31,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!value)
         return 0;
     const auto written = NSKeyedArchiver::archivedDataWithRootObject(value, true);
-    // A real that is no number equals nothing, itself included.
-    if (!written || (value == value && decodeOpenly(written->bytes) != value))
+    // Where two readings differ there is a real that is no number, which equals nothing.
+    if (!written || (decodeOpenly(bytes) == value && decodeOpenly(written->bytes) != value))
         std::abort();
     return 0;
 }

@@ -21,8 +21,10 @@ struct SeededTarget {
 };
 
 constexpr std::array kTargets{
+    SeededTarget{"FuzzKeyedUnarchiver", keyedArchiveSeeds},
     SeededTarget{"FuzzLegacyWord", legacyWordSeeds},
     SeededTarget{"FuzzOfficeDocument", officeDocumentSeeds},
+    SeededTarget{"FuzzPropertyList", propertyListSeeds},
     SeededTarget{"FuzzTextEncoding", textEncodingSeeds},
 };
 

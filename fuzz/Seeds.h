@@ -10,6 +10,8 @@ struct Seed {
     std::string bytes;
 };
 
+[[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
 [[nodiscard]] std::vector<Seed> legacyWordSeeds();
 [[nodiscard]] std::vector<Seed> officeDocumentSeeds();
+[[nodiscard]] std::vector<Seed> propertyListSeeds();
 [[nodiscard]] std::vector<Seed> textEncodingSeeds();

@@ -1,5 +1,6 @@
 #include "platform/foundation/NSPropertyList.h"
 #include "platform/foundation/PropertyListLimits.h"
+#include "platform/foundation/TextEncoding.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/foundation/XMLPropertyList.h"
 #include "platform/foundation/XMLPropertyListScalars.h"
@@ -293,11 +294,20 @@ bool XMLParser::parse(std::string_view xml)
     *m_context->sax = handler;
     m_context->userData = this;
     // The size of a text is bounded above, and the depth by the builder.
-    xmlCtxtUseOptions(m_context.get(), XML_PARSE_NONET | XML_PARSE_HUGE);
+    xmlCtxtUseOptions(m_context.get(), XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_IGNORE_ENC);
     const bool isWellFormed = xmlParseDocument(m_context.get()) == 0;
     if (m_exception)
         std::rethrow_exception(m_exception);
     return isWellFormed && !m_builder.hasFailed();
+}
+
+/// The text in UTF-8. None when its encoding is in doubt. libxml2 is left no encoding to convert: it writes
+/// to standard error when bytes do not fit the one they declare.
+std::optional<std::string> UTF8OfXML(std::string_view xml)
+{
+    const auto encoding = textEncodingForBytes(xml);
+    auto text = encoding.isSure ? decodedText(xml, encoding.name) : std::nullopt;
+    return text && text->find('\0') == std::string::npos ? text : std::nullopt;
 }
 
 } // namespace
@@ -305,7 +315,8 @@ bool XMLParser::parse(std::string_view xml)
 NSAny valueOfXMLPropertyList(std::string_view xml, NSError* error)
 {
     ValueBuilder builder;
-    if (XMLParser(builder).parse(xml) && builder.value())
+    const auto text = UTF8OfXML(xml);
+    if (text && XMLParser(builder).parse(*text) && builder.value())
         return builder.value();
     const auto reason = builder.hasFailed() ? builder.reason() : "It is no well-formed XML.";
     setError(error,

@@ -173,6 +173,21 @@ TEST(NSPropertyList, ReadsXMLInUTF16)
     EXPECT_EQ(read(bytes), NSAny(u"a"));
 }
 
+TEST(NSPropertyList, ReadsXMLInTheEncodingThatItDeclares)
+{
+    EXPECT_EQ(read("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><plist><string>\xE4</string></plist>"),
+              NSAny(u"\u00E4"));
+}
+
+TEST(NSPropertyList, LeavesStandardErrorAlone)
+{
+    testing::internal::CaptureStderr();
+    expectCorrupt("<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><string>\xD8</string></plist>");
+    expectCorrupt("<?xml version=\"1.0\" encoding=\"EUC-JP\"?><plist><string>\xFF\xFF</plist>");
+    expectCorrupt("<plist><unclosed></plist>");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(NSPropertyList, TakesNumbersBeyondTheIntegersForReals)
 {
     EXPECT_EQ(readXML("<integer>18446744073709551615</integer>"), NSAny(18446744073709551616.0));

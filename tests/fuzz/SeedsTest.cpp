@@ -1,5 +1,8 @@
 #include "fuzz/Seeds.h"
 
+#include "platform/foundation/FoundationClasses.h"
+#include "platform/foundation/NSKeyedUnarchiver.h"
+#include "platform/foundation/NSPropertyList.h"
 #include "platform/foundation/TextEncoding.h"
 #include "platform/media/EPUBReader.h"
 #include "platform/media/LegacyWordReader.h"
@@ -39,4 +42,18 @@ TEST(Seeds, AreTextsWithoutBytesThatMeanNothing)
 {
     for (const auto& seed : textEncodingSeeds())
         EXPECT_EQ(decodedText(seed.bytes).find("\uFFFD"), std::string::npos) << seed.name;
+}
+
+TEST(Seeds, ArePropertyLists)
+{
+    for (const auto& seed : propertyListSeeds())
+        EXPECT_TRUE(NSPropertyListSerialization::propertyListWithData(seed.bytes)) << seed.name;
+}
+
+TEST(Seeds, AreKeyedArchives)
+{
+    for (const auto& seed : keyedArchiveSeeds())
+        EXPECT_TRUE(
+            NSKeyedUnarchiver::unarchivedObjectOfClass(NSObjectClass, seed.bytes, foundationClasses()))
+            << seed.name;
 }
