@@ -84,6 +84,12 @@ public:
         return found.array() ? *found.array() : NSAny::Array();
     }
 
+    [[nodiscard]] std::vector<NSAny> decodeArrayOfObjectsOfClasses(const NSClassList& /*classes*/,
+                                                                   std::string_view key) override
+    {
+        return decodeArrayOfObjectsForKey(key);
+    }
+
     [[nodiscard]] bool decodeBoolForKey(std::string_view key) override
     {
         return value(key).isNumber() && value(key).boolValue();
