@@ -37,30 +37,22 @@ std::vector<NSAny> decodeIndexed(const NSCoder& coder, std::string_view prefix, 
     }
 }
 
-bool areTexts(const std::vector<NSAny>& keys)
+/// Takes the entries out whose key or value was left out.
+void removeIncomplete(NSObjectKeyedDictionary::Entries& entries)
 {
-    return std::all_of(keys.begin(), keys.end(),
-                       [](const NSAny& key) { return key.isNil() || key.string(); });
+    std::erase_if(entries, [](const auto& entry) { return !entry.first || !entry.second; });
 }
 
-NSAny dictionaryWithTexts(const std::vector<NSAny>& keys, const std::vector<NSAny>& objects)
+NSAny dictionaryWithEntries(NSObjectKeyedDictionary::Entries entries)
 {
+    const bool areTexts = std::all_of(entries.begin(), entries.end(),
+                                      [](const auto& entry) { return entry.first.string() != nullptr; });
+    if (!areTexts)
+        return std::make_shared<const NSObjectKeyedDictionary>(std::move(entries));
     NSAny::Dictionary dictionary;
-    for (std::size_t index = 0; index < keys.size(); ++index) {
-        if (keys[index] && objects[index])
-            dictionary.insert_or_assign(*keys[index].string(), objects[index]);
-    }
+    for (auto& [key, value] : entries)
+        dictionary.insert_or_assign(*key.string(), std::move(value));
     return dictionary;
-}
-
-NSAny dictionaryWithObjects(const std::vector<NSAny>& keys, const std::vector<NSAny>& objects)
-{
-    NSObjectKeyedDictionary::Entries entries;
-    for (std::size_t index = 0; index < keys.size(); ++index) {
-        if (keys[index] && objects[index])
-            entries.emplace_back(keys[index], objects[index]);
-    }
-    return std::make_shared<const NSObjectKeyedDictionary>(std::move(entries));
 }
 
 } // namespace
@@ -106,5 +98,10 @@ NSAny decodeDictionary(NSCoder& coder)
                                                    "A dictionary of the archive has keys without values."));
         return nullptr;
     }
-    return areTexts(keys) ? dictionaryWithTexts(keys, objects) : dictionaryWithObjects(keys, objects);
+    NSObjectKeyedDictionary::Entries entries;
+    entries.reserve(keys.size());
+    for (std::size_t index = 0; index < keys.size(); ++index)
+        entries.emplace_back(keys[index], objects[index]);
+    removeIncomplete(entries);
+    return dictionaryWithEntries(std::move(entries));
 }

@@ -1,3 +1,4 @@
+#include "platform/foundation/Base64.h"
 #include "platform/foundation/NSPropertyList.h"
 #include "platform/foundation/PropertyListLimits.h"
 #include "platform/foundation/TextEncoding.h"

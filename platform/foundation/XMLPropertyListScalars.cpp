@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -11,8 +10,6 @@
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-constexpr std::string_view kBase64Digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::uint8_t kNoDigit = 0xFF;
 constexpr std::int64_t kSecondsPerDay = 86400;
 
 std::string_view trimmed(std::string_view text)
@@ -41,15 +38,6 @@ std::chrono::sys_days referenceDay()
 {
     using namespace std::chrono;
     return sys_days(year(2001) / January / 1);
-}
-
-std::array<std::uint8_t, 256> base64Values()
-{
-    std::array<std::uint8_t, 256> values{};
-    values.fill(kNoDigit);
-    for (std::size_t index = 0; index < kBase64Digits.size(); ++index)
-        values.at(static_cast<std::uint8_t>(kBase64Digits[index])) = static_cast<std::uint8_t>(index);
-    return values;
 }
 
 } // namespace
@@ -144,47 +132,4 @@ std::optional<std::string> propertyListTextWithDate(NSDate date)
     return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", yearNumber, static_cast<unsigned>(day.month()),
                        static_cast<unsigned>(day.day()), time.hours().count(), time.minutes().count(),
                        time.seconds().count());
-}
-
-std::optional<std::string> bytesFromBase64(std::string_view text)
-{
-    static const auto values = base64Values();
-    std::string bytes;
-    bytes.reserve(text.size() / 4 * 3);
-    std::uint32_t bits = 0;
-    unsigned bitCount = 0;
-    bool isPadded = false;
-    for (const char character : text) {
-        if (kBlanks.find(character) != std::string_view::npos)
-            continue;
-        if (character == '=') {
-            isPadded = true;
-            continue;
-        }
-        const auto value = values.at(static_cast<std::uint8_t>(character));
-        if (value == kNoDigit || isPadded)
-            return std::nullopt;
-        bits = bits << 6U | value;
-        bitCount += 6;
-        if (bitCount < 8)
-            continue;
-        bitCount -= 8;
-        bytes.push_back(static_cast<char>(static_cast<std::uint8_t>(bits >> bitCount)));
-    }
-    return bitCount == 6 ? std::nullopt : std::optional(std::move(bytes));
-}
-
-std::string base64WithBytes(std::string_view bytes)
-{
-    std::string text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
-    for (std::size_t offset = 0; offset < bytes.size(); offset += 3) {
-        const auto group = bytes.substr(offset, 3);
-        std::uint32_t bits = 0;
-        for (std::size_t index = 0; index < 3; ++index)
-            bits = bits << 8U | (index < group.size() ? static_cast<std::uint8_t>(group[index]) : 0U);
-        for (std::size_t index = 0; index < 4; ++index)
-            text.push_back(index <= group.size() ? kBase64Digits[bits >> (18 - 6 * index) & 0x3FU] : '=');
-    }
-    return text;
 }

@@ -20,6 +20,3 @@
 [[nodiscard]] std::optional<NSDate> dateFromPropertyListText(std::string_view text);
 /// None for what is no moment of the years 0 to 9999.
 [[nodiscard]] std::optional<std::string> propertyListTextWithDate(NSDate date);
-
-[[nodiscard]] std::optional<std::string> bytesFromBase64(std::string_view text);
-[[nodiscard]] std::string base64WithBytes(std::string_view bytes);

@@ -1,3 +1,4 @@
+#include "platform/foundation/Base64.h"
 #include "platform/foundation/NSPropertyList.h"
 #include "platform/foundation/PropertyListLimits.h"
 #include "platform/foundation/Unicode.h"
@@ -177,7 +178,7 @@ bool XMLWriter::write(const NSAny& value)
     if (const auto* text = value.string())
         return textElement("string", *text);
     if (const auto* data = value.data())
-        return element("data", base64WithBytes(data->bytes));
+        return element("data", base64EncodedString(data->bytes));
     if (const auto moment = value.date())
         return date(*moment);
     if (const auto reference = value.object<NSKeyedArchiverUID>())

@@ -348,6 +348,18 @@ TEST(NSKeyedUnarchiver, LeavesObjectsOfUnknownClassesOutAndSaysSoOnce)
     expectRefused({&NSArrayClass, &NSStringClass}, list);
 }
 
+/// A dictionary has text keys when those that remain are texts.
+TEST(NSKeyedUnarchiver, LooksAtTheKeysThatRemain)
+{
+    const NSLogCapture quiet([](std::string_view /*line*/) {});
+    const auto data = archiveBytes({object({{u"NS.keys", NSAny::Array{archiveUID(2), archiveUID(3)}},
+                                            {u"NS.objects", NSAny::Array{archiveUID(4), archiveUID(5)}}},
+                                           6),
+                                    1, u"b", object({}, 7), u"kept", kDictionaryClass,
+                                    archiveClass({u"Gadget", u"NSObject"})});
+    EXPECT_EQ(decodeOpenly(data), NSAny(NSAny::Dictionary{{u"b", u"kept"}}));
+}
+
 TEST(NSKeyedUnarchiver, TellsAMissingRootFromAMissingKey)
 {
     const NSAny list = NSAny::Dictionary{{u"$version", 100000},
