@@ -22,6 +22,7 @@ struct SeededTarget {
 
 constexpr std::array kTargets{
     SeededTarget{"FuzzKeyedUnarchiver", keyedArchiveSeeds},
+    SeededTarget{"FuzzFileWrapper", fileWrapperSeeds},
     SeededTarget{"FuzzLegacyWord", legacyWordSeeds},
     SeededTarget{"FuzzOfficeDocument", officeDocumentSeeds},
     SeededTarget{"FuzzPropertyList", propertyListSeeds},

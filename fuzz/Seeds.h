@@ -11,6 +11,7 @@ struct Seed {
 };
 
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
+[[nodiscard]] std::vector<Seed> fileWrapperSeeds();
 [[nodiscard]] std::vector<Seed> legacyWordSeeds();
 [[nodiscard]] std::vector<Seed> officeDocumentSeeds();
 [[nodiscard]] std::vector<Seed> propertyListSeeds();

@@ -202,7 +202,9 @@ private:
 
     bool addMember(NSFileWrapper& folder, const Entry& entry, std::size_t depth)
     {
-        if (!isFileName(entry.name) || ++m_memberCount > NSFileWrapper::kMostMembers)
+        // A file counts as a level too, so that whatever is read can be written.
+        if (!isFileName(entry.name) || depth >= NSFileWrapper::kMostDepth
+            || ++m_memberCount > NSFileWrapper::kMostMembers)
             return false;
         const auto data = readData(entry.record);
         auto member = data ? NSFileWrapper::initRegularFileWithContents({std::string(*data)})

@@ -249,6 +249,18 @@ TEST(FileWrapperSerialization, LimitsTheDepthOfFolders)
     EXPECT_EQ(read(nested(10'000)), nullptr);
 }
 
+TEST(FileWrapperSerialization, WritesWhateverItReadsAtAnyDepth)
+{
+    for (std::size_t depth = 0; depth <= NSFileWrapper::kMostDepth + 1; ++depth) {
+        std::string record = dictionaryRecord({{"file", dataRecord("x")}});
+        for (std::size_t level = 0; level < depth; ++level)
+            record = dictionaryRecord({{"f", record}});
+        const auto wrapper = read("rtfd" + u32(0) + record);
+        EXPECT_EQ(wrapper != nullptr, depth < NSFileWrapper::kMostDepth);
+        EXPECT_TRUE(!wrapper || wrapper->serializedRepresentation());
+    }
+}
+
 TEST(FileWrapperSerialization, SaysWhatItCannotWrite)
 {
     const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});

@@ -325,6 +325,16 @@ TEST(FileWrapperWriter, RefusesAFolderThatHoldsItself)
     package->removeFileWrapper(*package);
 }
 
+TEST(FileWrapperWriter, SyncsEveryFileAndFolderBeforeTheyTakeTheirPlace)
+{
+    const TemporaryFolder folder;
+    makePackage(folder);
+    PackageFaults operations;
+    ASSERT_TRUE(writeWith(operations, *newPackage(), folder.url("Place")));
+    EXPECT_EQ(operations.syncCountBeforeRename(), 4U); // a, inner/b, inner and the package
+    EXPECT_EQ(operations.syncCountAfterRename(), 1U); // the folder around it
+}
+
 TEST(FileWrapperWriter, LeavesTheOldContentsWhereAnyCallFails)
 {
     for (const auto& before : kBefores)

@@ -35,6 +35,11 @@ public:
 
     [[nodiscard]] std::size_t callCount() const { return m_callCount; }
 
+    /// The files and folders synced before the first rename, and after it.
+    [[nodiscard]] std::size_t syncCountBeforeRename() const { return m_syncCountBeforeRename; }
+
+    [[nodiscard]] std::size_t syncCountAfterRename() const { return m_syncCount - m_syncCountBeforeRename; }
+
     FileDescriptor openFolder(int folder, const std::string& name) override
     {
         return isFaulty() ? FileDescriptor() : system().openFolder(folder, name);
@@ -75,10 +80,16 @@ public:
         return !isFaulty() && system().setModificationDate(file, date);
     }
 
-    bool sync(int file) override { return !isFaulty() && system().sync(file); }
+    bool sync(int file) override
+    {
+        ++m_syncCount;
+        m_syncCountBeforeRename += m_hasRenamed ? 0 : 1;
+        return !isFaulty() && system().sync(file);
+    }
 
     bool rename(int folder, const std::string& from, const std::string& to, RenameKind kind) override
     {
+        m_hasRenamed = true;
         if (!m_knowsRenameKinds && kind != RenameKind::Replace) {
             errno = EINVAL;
             return false;
@@ -109,5 +120,8 @@ private:
     Fault m_fault;
     int m_reason;
     std::size_t m_callCount = 0;
+    std::size_t m_syncCount = 0;
+    std::size_t m_syncCountBeforeRename = 0;
+    bool m_hasRenamed = false;
     bool m_knowsRenameKinds = true;
 };
