@@ -29,7 +29,7 @@ std::vector<Command> addCommands(CLI::App& program)
     program.footer(kExamples);
     return {addCreateCommand(program), addIndexCommand(program),  addRemoveCommand(program),
             addMoveCommand(program),   addSearchCommand(program), addStatusCommand(program),
-            addCheckCommand(program),  addTextCommand(program)};
+            addCheckCommand(program),  addTextCommand(program),   addStyleCommand(program)};
 }
 
 ExitStatus usageError(const std::string& why)
