@@ -72,22 +72,46 @@ std::string_view BinaryPropertyListWriter::bytesOf(const Object& object) const
     return std::string_view(m_values).substr(object.start, object.count);
 }
 
+/// The place of an equal value, or the free one where the value belongs.
+std::size_t BinaryPropertyListWriter::placeOf(const Object& value) const
+{
+    const auto mask = m_places.size() - 1;
+    auto place = value.hash & mask;
+    for (; m_places[place] != 0; place = (place + 1) & mask) {
+        const auto& known = m_objects[m_places[place] - 1];
+        if (known.hash == value.hash && bytesOf(known) == bytesOf(value))
+            break;
+    }
+    return place;
+}
+
+void BinaryPropertyListWriter::makeRoom()
+{
+    constexpr std::size_t kFirstPlaceCount = 64;
+    if (2 * (m_valueCount + 1) <= m_places.size())
+        return;
+    m_places.assign(std::max(kFirstPlaceCount, 2 * m_places.size()), 0);
+    for (std::size_t index = 0; index < m_objects.size(); ++index) {
+        if (!m_objects[index].isCollection)
+            m_places[placeOf(m_objects[index])] = static_cast<Reference>(index + 1);
+    }
+}
+
 /// Keeps the bytes appended since `start` as a value, unless the same value is there.
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addValue(std::size_t start)
 {
-    const Object added{start, m_values.size() - start};
-    const auto hash = std::hash<std::string_view>()(bytesOf(added));
-    const auto [first, last] = m_valuesByHash.equal_range(hash);
-    for (auto candidate = first; candidate != last; ++candidate) {
-        if (bytesOf(m_objects[candidate->second]) == bytesOf(added)) {
-            m_values.resize(start);
-            return candidate->second;
-        }
+    makeRoom();
+    Object added{start, m_values.size() - start};
+    added.hash = std::hash<std::string_view>()(bytesOf(added));
+    auto& place = m_places[placeOf(added)];
+    if (place != 0) {
+        m_values.resize(start);
+        return place - 1;
     }
-    const auto reference = static_cast<Reference>(m_objects.size());
     m_objects.push_back(added);
-    m_valuesByHash.emplace(hash, reference);
-    return reference;
+    ++m_valueCount;
+    place = static_cast<Reference>(m_objects.size());
+    return place - 1;
 }
 
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addCollection(Object object)
@@ -138,15 +162,15 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addData(std::strin
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addText(std::u16string_view text)
 {
     const auto start = m_values.size();
-    if (isASCII(text)) {
-        appendMarker(m_values, kASCIIMarker, text.size());
-        for (const auto unit : text)
-            appendByte(m_values, unit);
-        return addValue(start);
+    const bool isNarrow = isASCII(text);
+    appendMarker(m_values, isNarrow ? kASCIIMarker : kUTF16Marker, text.size());
+    auto end = m_values.size();
+    m_values.resize(end + text.size() * (isNarrow ? 1 : 2));
+    for (const auto unit : text) {
+        if (!isNarrow)
+            m_values[end++] = static_cast<char>(unit >> 8U);
+        m_values[end++] = static_cast<char>(unit & 0xFFU);
     }
-    appendMarker(m_values, kUTF16Marker, text.size());
-    for (const auto unit : text)
-        appendBigEndian(m_values, unit, sizeof unit);
     return addValue(start);
 }
 
@@ -169,7 +193,7 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addUID(std::uint64
 
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addArray(std::span<const Reference> elements)
 {
-    const Object array{m_contents.size(), elements.size(), true, false};
+    const Object array{m_contents.size(), elements.size(), 0, true, false};
     m_contents.insert(m_contents.end(), elements.begin(), elements.end());
     return addCollection(array);
 }
@@ -177,7 +201,7 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addArray(std::span
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addDictionary(std::span<const Reference> keys,
                                                                             std::span<const Reference> values)
 {
-    const Object dictionary{m_contents.size(), keys.size(), true, true};
+    const Object dictionary{m_contents.size(), keys.size(), 0, true, true};
     m_contents.insert(m_contents.end(), keys.begin(), keys.end());
     m_contents.insert(m_contents.end(), values.begin(), values.end());
     return addCollection(dictionary);

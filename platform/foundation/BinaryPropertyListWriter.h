@@ -7,7 +7,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 /// Makes a binary property list from its objects, given in any order as long as a collection's contents come
@@ -37,16 +36,22 @@ private:
     struct Object {
         std::size_t start = 0;
         std::size_t count = 0;
+        std::size_t hash = 0;
         bool isCollection = false;
         bool isDictionary = false;
     };
 
     Reference addValue(std::size_t start);
     Reference addCollection(Object object);
+    [[nodiscard]] std::size_t placeOf(const Object& value) const;
+    void makeRoom();
     [[nodiscard]] std::string_view bytesOf(const Object& object) const;
 
     std::string m_values;
     std::vector<Reference> m_contents;
     std::vector<Object> m_objects;
-    std::unordered_multimap<std::size_t, Reference> m_valuesByHash;
+    /// Where the values stand by their hashes, each at the first free place from its own on: references
+    /// counted from 1, 0 for a free place. A power of two, at least twice as large as there are values.
+    std::vector<Reference> m_places;
+    std::size_t m_valueCount = 0;
 };

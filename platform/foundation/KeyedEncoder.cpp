@@ -3,6 +3,7 @@
 #include "platform/foundation/KeyedArchive.h"
 #include "platform/foundation/PropertyListLimits.h"
 
+#include <algorithm>
 #include <utility>
 
 KeyedEncoder::KeyedEncoder()
@@ -36,13 +37,13 @@ KeyedEncoder::UID KeyedEncoder::newUID()
 /// UID 0 is not among the leaves: a text "$null" is a text, and gets an object of its own.
 KeyedEncoder::UID KeyedEncoder::UIDForLeaf(Reference leaf)
 {
-    const auto known = m_leaves.find(leaf);
-    if (known != m_leaves.end())
-        return known->second;
-    const auto uid = newUID();
-    m_objects[uid] = leaf;
-    m_leaves.emplace(leaf, uid);
-    return uid;
+    if (leaf >= m_leaves.size())
+        m_leaves.resize(std::max<std::size_t>(leaf + std::size_t{1}, 2 * m_leaves.size()));
+    if (m_leaves[leaf] == 0) {
+        m_leaves[leaf] = newUID();
+        m_objects.back() = leaf;
+    }
+    return m_leaves[leaf];
 }
 
 KeyedEncoder::UID KeyedEncoder::UIDForClass(const NSClass& archived)

@@ -61,7 +61,8 @@ private:
     BinaryPropertyListWriter m_writer;
     /// What each UID stands for.
     std::vector<Reference> m_objects;
-    std::unordered_map<Reference, UID> m_leaves;
+    /// The UIDs of the writer's values by their references; 0 where a value is no object.
+    std::vector<UID> m_leaves;
     std::unordered_map<const void*, UID> m_shared;
     /// Keeps what was written alive: an address must not come to mean another object.
     std::vector<NSAny> m_kept;

@@ -3,28 +3,54 @@
 #include "platform/foundation/KeyedCollections.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 namespace {
 
-/// How many members with one hash are looked through for an equal one.
-constexpr unsigned kMaximumCandidateCount = 64;
+/// Groups of members with one hash are compared in any order up to this size: more costs its square.
+constexpr std::ptrdiff_t kMaximumUnorderedCount = 64;
 
-using MembersByHash = std::unordered_multimap<std::size_t, const NSAny*>;
+struct HashedMember {
+    std::size_t hash;
+    const NSAny* member;
 
-/// Takes one member equal to `member` out.
-bool takeEqual(MembersByHash& members, const NSAny& member)
-{
-    const auto [first, last] = members.equal_range(member.hash());
-    unsigned tried = 0;
-    for (auto candidate = first; candidate != last && tried < kMaximumCandidateCount; ++candidate, ++tried) {
-        if (*candidate->second == member) {
-            members.erase(candidate);
-            return true;
-        }
+    friend bool operator==(const HashedMember& one, const HashedMember& other)
+    {
+        return one.hash == other.hash && *one.member == *other.member;
     }
-    return false;
+};
+
+std::vector<HashedMember> sortedByHash(const NSAny::Array& members)
+{
+    std::vector<HashedMember> sorted;
+    sorted.reserve(members.size());
+    for (const auto& member : members)
+        sorted.push_back({member.hash(), &member});
+    std::stable_sort(sorted.begin(), sorted.end(), [](const HashedMember& one, const HashedMember& other) {
+        return one.hash < other.hash;
+    });
+    return sorted;
+}
+
+bool haveEqualMembers(const std::vector<HashedMember>& one, const std::vector<HashedMember>& other)
+{
+    auto theirs = other.begin();
+    for (auto group = one.begin(); group != one.end();) {
+        const auto end = std::find_if(group, one.end(), [hash = group->hash](const HashedMember& member) {
+            return member.hash != hash;
+        });
+        const auto count = end - group;
+        const bool areEqual = count <= kMaximumUnorderedCount
+            ? std::is_permutation(group, end, theirs, theirs + count)
+            : std::equal(group, end, theirs);
+        if (!areEqual)
+            return false;
+        group = end;
+        theirs += count;
+    }
+    return true;
 }
 
 NSAny::Array decodeMembers(NSCoder& coder)
@@ -68,13 +94,7 @@ bool NSSet::isEqual(const NSObject& other) const
     const auto* set = dynamic_cast<const NSSet*>(&other);
     if (!set || set->m_members.size() != m_members.size())
         return false;
-    if (set->m_members == m_members)
-        return true;
-    MembersByHash rest;
-    for (const auto& member : set->m_members)
-        rest.emplace(member.hash(), &member);
-    return std::all_of(m_members.begin(), m_members.end(),
-                       [&rest](const NSAny& member) { return takeEqual(rest, member); });
+    return haveEqualMembers(sortedByHash(m_members), sortedByHash(set->m_members));
 }
 
 void NSSet::encodeWithCoder(NSCoder& coder) const
