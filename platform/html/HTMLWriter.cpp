@@ -76,6 +76,7 @@ private:
 
     void writeBody()
     {
+        m_body.reserve(m_range.length + m_range.length / 2);
         const auto end = NSMaxRange(m_range);
         auto start = m_range.location;
         bool isEnded = true;
