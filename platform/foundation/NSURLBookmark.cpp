@@ -1,30 +1,23 @@
 #include "platform/foundation/NSURLBookmark.h"
 
-#include <plist/plist.h>
+#include "platform/foundation/NSPropertyList.h"
 
 #include <cerrno>
 #include <cstdint>
 #include <dirent.h>
 #include <memory>
 #include <sys/stat.h>
-#include <type_traits>
+#include <utility>
 
 namespace {
 
 constexpr std::uint64_t kVersion = 1;
 constexpr std::size_t kMaximumByteCount = 16384;
 constexpr unsigned kMaximumEntryCount = 10'000;
-constexpr std::string_view kBinaryPropertyListStart = "bplist00";
-constexpr const char* kVersionKey = "version";
-constexpr const char* kPathKey = "path";
-constexpr const char* kDeviceKey = "device";
-constexpr const char* kInodeKey = "inode";
-
-struct PropertyListDeleter {
-    void operator()(void* node) const { plist_free(node); }
-};
-
-using PropertyList = std::unique_ptr<std::remove_pointer_t<plist_t>, PropertyListDeleter>;
+constexpr std::u16string_view kVersionKey = u"version";
+constexpr std::u16string_view kPathKey = u"path";
+constexpr std::u16string_view kDeviceKey = u"device";
+constexpr std::u16string_view kInodeKey = u"inode";
 
 struct FolderCloser {
     void operator()(DIR* folder) const { (void)::closedir(folder); } // It was only read.
@@ -46,43 +39,41 @@ bool isFileOf(const Bookmark& bookmark, const std::string& path)
         && status.st_ino == bookmark.inode;
 }
 
-std::optional<std::uint64_t> unsignedValue(plist_t dictionary, const char* key)
+NSAny valueForKey(const NSAny::Dictionary& dictionary, std::u16string_view key)
 {
-    plist_t node = plist_dict_get_item(dictionary, key);
-    if (!node || plist_get_node_type(node) != PLIST_UINT)
-        return std::nullopt;
-    std::uint64_t value = 0;
-    plist_get_uint_val(node, &value);
-    return value;
+    const auto entry = dictionary.find(key);
+    return entry == dictionary.end() ? NSAny() : entry->second;
 }
 
-std::optional<std::string> pathValue(plist_t dictionary)
+/// Inode numbers may need the 64th bit, which property lists keep as the sign.
+std::optional<std::uint64_t> unsignedValue(const NSAny::Dictionary& dictionary, std::u16string_view key)
 {
-    plist_t node = plist_dict_get_item(dictionary, kPathKey);
-    if (!node || plist_get_node_type(node) != PLIST_DATA)
+    const auto value = valueForKey(dictionary, key);
+    return value.isInteger() ? std::optional(static_cast<std::uint64_t>(value.integerValue())) : std::nullopt;
+}
+
+std::optional<std::string> pathValue(const NSAny::Dictionary& dictionary)
+{
+    const auto value = valueForKey(dictionary, kPathKey);
+    if (!value.data())
         return std::nullopt;
-    std::uint64_t length = 0;
-    const char* bytes = plist_get_data_ptr(node, &length);
-    if (!bytes || length == 0 || length > kMaximumByteCount)
-        return std::nullopt;
-    std::string path(bytes, static_cast<std::size_t>(length));
-    if (path.front() != '/' || path.find('\0') != std::string::npos)
+    const auto& path = value.data()->bytes;
+    if (path.empty() || path.front() != '/' || path.find('\0') != std::string::npos)
         return std::nullopt;
     return path;
 }
 
 std::optional<Bookmark> bookmarkFromData(std::string_view data)
 {
-    if (data.size() > kMaximumByteCount || !data.starts_with(kBinaryPropertyListStart))
+    if (data.size() > kMaximumByteCount)
         return std::nullopt;
-    plist_t root = nullptr;
-    plist_from_bin(data.data(), static_cast<std::uint32_t>(data.size()), &root);
-    const PropertyList list(root);
-    if (!list || plist_get_node_type(root) != PLIST_DICT || unsignedValue(root, kVersionKey) != kVersion)
+    const auto list = NSPropertyListSerialization::propertyListWithData(data);
+    const auto* dictionary = list.dictionary();
+    if (!dictionary || unsignedValue(*dictionary, kVersionKey) != kVersion)
         return std::nullopt;
-    auto path = pathValue(root);
-    const auto device = unsignedValue(root, kDeviceKey);
-    const auto inode = unsignedValue(root, kInodeKey);
+    auto path = pathValue(*dictionary);
+    const auto device = unsignedValue(*dictionary, kDeviceKey);
+    const auto inode = unsignedValue(*dictionary, kInodeKey);
     if (!path || !device || !inode)
         return std::nullopt;
     return Bookmark{std::move(*path), *device, *inode};
@@ -118,16 +109,13 @@ std::optional<std::string> bookmarkDataForURL(const NSURL& url, NSError* error)
         setError(error, NSError::errorWithErrno(path.empty() ? EINVAL : errno, url.absoluteString()));
         return std::nullopt;
     }
-    const PropertyList list(plist_new_dict());
-    plist_dict_set_item(list.get(), kVersionKey, plist_new_uint(kVersion));
-    plist_dict_set_item(list.get(), kPathKey, plist_new_data(path.data(), path.size()));
-    plist_dict_set_item(list.get(), kDeviceKey, plist_new_uint(status.st_dev));
-    plist_dict_set_item(list.get(), kInodeKey, plist_new_uint(status.st_ino));
-    char* bytes = nullptr;
-    std::uint32_t length = 0;
-    plist_to_bin(list.get(), &bytes, &length);
-    const std::unique_ptr<char, decltype(&plist_to_bin_free)> owner(bytes, &plist_to_bin_free);
-    return std::string(bytes, length);
+    const NSAny bookmark = NSAny::Dictionary{{std::u16string(kVersionKey), kVersion},
+                                             {std::u16string(kPathKey), NSData{path}},
+                                             {std::u16string(kDeviceKey), status.st_dev},
+                                             {std::u16string(kInodeKey), status.st_ino}};
+    auto data
+        = NSPropertyListSerialization::dataWithPropertyList(bookmark, NSPropertyListFormat::Binary, error);
+    return data ? std::optional(std::move(data->bytes)) : std::nullopt;
 }
 
 std::optional<NSURL> URLByResolvingBookmarkData(std::string_view bookmarkData, NSError* error)
