@@ -109,10 +109,10 @@ std::optional<NSAny> ValueReader::readCollection(Reference reference, std::uint6
 std::optional<NSAny> ValueReader::readLeaf(Reference reference)
 {
     if (m_list.kind(reference) == Kind::UID) {
-        const auto UID = m_list.UIDValue(reference);
-        if (!UID)
+        const auto uid = m_list.UIDValue(reference);
+        if (!uid)
             return fail("It holds a UID of more than 64 bits.");
-        return NSAny(std::make_shared<const NSKeyedArchiverUID>(*UID));
+        return NSAny(std::make_shared<const NSKeyedArchiverUID>(*uid));
     }
     auto value = m_list.value(reference);
     return value ? std::optional(std::move(value)) : fail("It holds a null.");
@@ -178,8 +178,8 @@ std::optional<Reference> ValueWriter::addLeaf(const NSAny& value)
         return m_writer.addText(*text);
     if (const auto* data = value.data())
         return m_writer.addData(data->bytes);
-    if (const auto UID = value.object<NSKeyedArchiverUID>())
-        return m_writer.addUID(UID->value());
+    if (const auto uid = value.object<NSKeyedArchiverUID>())
+        return m_writer.addUID(uid->value());
     return fail(value.isNil() ? "A property list cannot hold nil."
                               : "A property list cannot hold an object.");
 }

@@ -6,8 +6,8 @@
 
 bool NSKeyedArchiverUID::isEqual(const NSObject& other) const
 {
-    const auto* UID = dynamic_cast<const NSKeyedArchiverUID*>(&other);
-    return UID && UID->m_value == m_value;
+    const auto* uid = dynamic_cast<const NSKeyedArchiverUID*>(&other);
+    return uid && uid->m_value == m_value;
 }
 
 std::size_t NSKeyedArchiverUID::hash() const
