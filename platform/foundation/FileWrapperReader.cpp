@@ -201,7 +201,7 @@ NSFileWrapper::Ref FileWrapperReader::read(const NSURL& url, NSError* error)
         setError(error, NSError::errorWithErrno(EINVAL, url.absoluteString()));
         return nullptr;
     }
-    const auto wrapper = Walk(error).readEntry(AT_FDCWD, path, path, 0);
+    auto wrapper = Walk(error).readEntry(AT_FDCWD, path, path, 0);
     if (wrapper)
         setNames(*wrapper, url.lastPathComponent());
     return wrapper;

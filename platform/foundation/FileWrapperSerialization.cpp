@@ -174,7 +174,7 @@ public:
         const auto entries = readDictionary(record);
         if (!entries || depth > NSFileWrapper::kMostDepth)
             return nullptr;
-        const auto wrapper = readKind(*entries, depth);
+        auto wrapper = readKind(*entries, depth);
         if (!wrapper)
             return nullptr;
         wrapper->m_preferredFilename = preferredNameOf(*entries);

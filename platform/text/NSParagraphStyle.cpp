@@ -63,7 +63,7 @@ bool NSParagraphStyle::Values::equals(const Values& other) const
 
 std::size_t NSParagraphStyle::hash() const
 {
-    std::size_t hash = static_cast<std::size_t>(m_values.alignment);
+    auto hash = static_cast<std::size_t>(m_values.alignment);
     const auto add = [&hash](double value) { hash = hash * 31 + std::hash<double>()(value); };
     add(m_values.headIndent);
     add(m_values.firstLineHeadIndent);

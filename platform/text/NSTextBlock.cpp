@@ -26,7 +26,9 @@ constexpr std::array<std::string_view, 4> kEdgeKeys{"MinX", "MinY", "MaxX", "Max
 
 constexpr std::size_t indexOf(NSTextBlockLayer layer)
 {
-    return static_cast<std::size_t>(static_cast<int>(layer) + 1);
+    constexpr auto kInnermost = static_cast<int>(NSTextBlockLayer::Padding);
+    const int index = static_cast<int>(layer) - kInnermost;
+    return static_cast<std::size_t>(index);
 }
 
 constexpr std::size_t indexOf(NSRectEdge edge)
