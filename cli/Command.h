@@ -36,5 +36,6 @@ struct Command {
 [[nodiscard]] Command addRemoveCommand(CLI::App& program);
 [[nodiscard]] Command addSearchCommand(CLI::App& program);
 [[nodiscard]] Command addStatusCommand(CLI::App& program);
+[[nodiscard]] Command addStringCommand(CLI::App& program);
 [[nodiscard]] Command addStyleCommand(CLI::App& program);
 [[nodiscard]] Command addTextCommand(CLI::App& program);

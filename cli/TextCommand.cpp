@@ -3,6 +3,7 @@
 #include "cli/Console.h"
 #include "cli/ErrorMessage.h"
 #include "cli/JSONLines.h"
+#include "cli/TextArgument.h"
 #include "platform/media/PDFTextCache.h"
 #include "platform/search/FileText.h"
 #include "platform/search/SKIndex.h"
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace {
 
@@ -51,23 +51,6 @@ IndexedText indexedText(const NSURL& url, NSError& error)
         error = commandError(CommandError::NotPrepared, "the file cannot be read");
     const std::string byFile(nameOfItemTextRule(ItemTextRule::ByFile));
     return {item.rule == ItemTextRule::ByFile ? rule : rule + ", " + byFile, std::move(text)};
-}
-
-void printText(std::string_view text)
-{
-    if (text.ends_with('\n'))
-        text.remove_suffix(1);
-    if (!isOutputTerminal()) {
-        printLine(text);
-        return;
-    }
-    while (true) {
-        const auto end = text.find('\n');
-        printLine(printable(text.substr(0, end)));
-        if (end == std::string_view::npos)
-            return;
-        text.remove_prefix(end + 1);
-    }
 }
 
 ExitStatus showText(const TextArguments& arguments)

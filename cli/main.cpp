@@ -1,6 +1,6 @@
-#include "cli/Command.h"
 #include "cli/CommandSyntax.h"
 #include "cli/Console.h"
+#include "cli/Program.h"
 #include "platform/foundation/NSLog.h"
 
 #include <CLI/CLI.hpp>
@@ -12,25 +12,6 @@
 #include <vector>
 
 namespace {
-
-constexpr const char* kExamples
-    = "Examples:\n"
-      "  corvel create ~/library.index\n"
-      "  corvel index --index ~/library.index ~/Documents\n"
-      "  corvel search --index ~/library.index 'harbour lights'\n"
-      "\n"
-      "Exit status: 0 done, 1 something failed, 2 the command line was not understood.";
-
-std::vector<Command> addCommands(CLI::App& program)
-{
-    program.require_subcommand(1);
-    program.set_version_flag("--version", "corvel " CORVEL_VERSION);
-    program.set_help_all_flag();
-    program.footer(kExamples);
-    return {addCreateCommand(program), addIndexCommand(program),  addRemoveCommand(program),
-            addMoveCommand(program),   addSearchCommand(program), addStatusCommand(program),
-            addCheckCommand(program),  addTextCommand(program),   addStyleCommand(program)};
-}
 
 ExitStatus usageError(const std::string& why)
 {
@@ -53,7 +34,7 @@ ExitStatus runCommand(const Command& command)
 
 ExitStatus run(int argumentCount, const char* const* arguments)
 {
-    CLI::App program("Keep a full-text index of files, notes and mail, and search it.", "corvel");
+    CLI::App program(kProgramSummary, kProgramName);
     const auto commands = addCommands(program);
     try {
         program.parse(argumentsForParser(argumentCount, arguments));

@@ -4,42 +4,23 @@
 #include "platform/xpc/UnixSocket.h"
 #include "service/ProcessLimits.h"
 #include "service/ServiceDelegate.h"
+#include "service/ServiceOptions.h"
 
 #include <CLI/CLI.hpp>
 
 #include <chrono>
-#include <cstdint>
 #include <cstdlib>
 #include <exception>
-#include <string>
 
 namespace {
 
-constexpr std::uint32_t kDefaultIdleSeconds = 60;
 constexpr int kUsageError = 2;
 
-struct Settings {
-    std::string socketPath = defaultSocketPath();
-    std::uint32_t idleSeconds = kDefaultIdleSeconds;
-};
-
-void describeOptions(CLI::App& app, Settings& settings)
-{
-    app.set_version_flag("--version", std::string("corvel-indexing ") + CORVEL_VERSION);
-    app.add_option("--socket", settings.socketPath, "Listen at this path unless systemd passes a socket")
-        ->type_name("PATH")
-        ->capture_default_str();
-    app.add_option("--idle-timeout", settings.idleSeconds,
-                   "End after this time without any connection; 0 means never")
-        ->type_name("SECONDS")
-        ->capture_default_str();
-}
-
-int serve(const Settings& settings)
+int serve(const ServiceOptions& settings)
 {
     const TerminationSignals signals;
     NSXPCListenerOptions options;
-    options.socketPath = settings.socketPath;
+    options.socketPath = settings.socketPath.empty() ? defaultSocketPath() : settings.socketPath;
     options.stopDescriptor = signals.descriptor();
     if (settings.idleSeconds > 0)
         options.idleTimeout = std::chrono::seconds(settings.idleSeconds);
@@ -61,9 +42,9 @@ int serve(const Settings& settings)
 int main(int argumentCount, char** arguments)
 {
     try {
-        Settings settings;
-        CLI::App app("The search-indexing service: changes index files on request.", "corvel-indexing");
-        describeOptions(app, settings);
+        ServiceOptions settings;
+        CLI::App app(kServiceSummary, kServiceName);
+        declareServiceOptions(app, settings);
         try {
             app.parse(argumentCount, arguments);
         } catch (const CLI::ParseError& error) {

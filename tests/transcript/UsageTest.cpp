@@ -34,6 +34,13 @@ TEST_F(Usage, ErrorsEndWithTwoAndSayWhy)
         {"status"},
         {"check"},
         {"text"},
+        {"string"},
+        {"string", "dance"},
+        {"string", "filename"},
+        {"string", "unique", "a.txt"},
+        {"string", "truncate-middle", "-1", "text"},
+        {"string", "truncate-middle", "many", "text"},
+        {"string", "remaining", "long"},
         {"status", "--index", "notes.index", "--colour"},
     };
     for (const auto& mistake : mistakes) {
@@ -48,7 +55,7 @@ TEST_F(Usage, ErrorsEndWithTwoAndSayWhy)
 TEST_F(Usage, HelpOfEveryCommandHasExamples)
 {
     EXPECT_THAT(corvel({"--help"}).output, HasSubstr("Examples:"));
-    for (const auto* command : {"create", "index", "remove", "move", "search", "status", "check", "text"}) {
+    for (const auto* command : {"create", "index", "remove", "move", "search", "status", "check", "text", "string"}) {
         const auto outcome = corvel({command, "--help"});
         EXPECT_EQ(outcome.status, 0) << command;
         EXPECT_THAT(outcome.output,
