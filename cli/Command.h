@@ -30,6 +30,7 @@ struct Command {
 };
 
 [[nodiscard]] Command addCheckCommand(CLI::App& program);
+[[nodiscard]] Command addColourCommand(CLI::App& program);
 [[nodiscard]] Command addCreateCommand(CLI::App& program);
 [[nodiscard]] Command addIndexCommand(CLI::App& program);
 [[nodiscard]] Command addMoveCommand(CLI::App& program);

@@ -23,5 +23,5 @@ std::vector<Command> addCommands(CLI::App& program)
     return {addCreateCommand(program), addIndexCommand(program),  addRemoveCommand(program),
             addMoveCommand(program),   addSearchCommand(program), addStatusCommand(program),
             addCheckCommand(program),  addTextCommand(program),   addStyleCommand(program),
-            addStringCommand(program)};
+            addStringCommand(program), addColourCommand(program)};
 }
