@@ -2,6 +2,7 @@
 
 #include "platform/foundation/NSCoder.h"
 #include "platform/text/ColorComponentText.h"
+#include "platform/text/PatternImage.h"
 
 #include <algorithm>
 #include <array>
@@ -159,7 +160,8 @@ NSAny ColorCoding::colorFromCoder(NSCoder& coder)
     else if (colorSpace == static_cast<std::int64_t>(Form::Catalog))
         color = catalogColor(coder);
     else if (colorSpace == static_cast<std::int64_t>(Form::Pattern))
-        color = NSColor::make(NSColor::Pattern{coder.decodeObjectForKey("NSImage")});
+        color = NSColor::make(
+            NSColor::Pattern{coder.decodeObjectOfClass(PatternImage::imageClass(), "NSImage")});
     if (!color)
         fail(coder, "An archived colour has no form, or no components, that a colour can have.");
     return color ? NSAny(color) : NSAny();

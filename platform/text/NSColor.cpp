@@ -310,7 +310,7 @@ std::optional<NSColorRGBA> NSColor::deviceRGBComponents(NSAppearance appearance)
 
 NSColor::Ref NSColor::colorUsingColorSpace(const NSColorSpace::Ref& space, NSAppearance appearance) const
 {
-    const auto color = colorUsingType(NSColorType::ComponentBased, appearance);
+    auto color = colorUsingType(NSColorType::ComponentBased, appearance);
     if (!color || !space)
         return nullptr;
     const auto& own = std::get<Components>(color->m_value);

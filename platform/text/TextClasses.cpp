@@ -10,6 +10,7 @@
 #include "platform/text/NSShadow.h"
 #include "platform/text/NSTextAttachment.h"
 #include "platform/text/NSTextTable.h"
+#include "platform/text/PatternImage.h"
 
 const NSClassTable& textClasses()
 {
@@ -31,6 +32,9 @@ const NSClassTable& textClasses()
                                         &NSTextTab::classObject(),
                                         &NSTextTable::classObject(),
                                         &NSTextTableBlock::classObject(),
+                                        &PatternImage::PDFClass(),
+                                        &PatternImage::bitmapClass(),
+                                        &PatternImage::imageClass(),
                                         &UIColorClass(),
                                         &UIFontClass(),
                                     });

@@ -273,6 +273,59 @@ TEST(ColorCoding, ReadsColoursOfThePlatformsSmallerSibling)
     EXPECT_EQ(both->components(), (Values{0.25, 0, 0, 1}));
 }
 
+/// A pattern colour whose image has a bitmap and a background, in the form of the platform.
+std::string patternArchive()
+{
+    const auto array = [](NSAny::Array elements) {
+        return NSAny(NSAny::Dictionary{{u"NS.objects", NSAny(std::move(elements))}, {u"$class", uid(9)}});
+    };
+    return archiveOf({{u"NSColorSpace", NSAny(10)}, {u"NSImage", uid(3)}}, u"NSColor",
+                     {
+                         NSAny(NSAny::Dictionary{{u"NSSize", uid(10)},
+                                                 {u"NSImageFlags", NSAny(12582912)},
+                                                 {u"NSReps", uid(5)},
+                                                 {u"NSColor", uid(12)},
+                                                 {u"$class", uid(4)}}),
+                         classRecord(u"NSImage"),
+                         array({uid(6)}),
+                         array({uid(11), uid(7)}),
+                         NSAny(NSAny::Dictionary{{u"NSTIFFRepresentation", uid(13)}, {u"$class", uid(8)}}),
+                         classRecord(u"NSBitmapImageRep"),
+                         classRecord(u"NSArray"),
+                         NSAny(u"{8, 8}"),
+                         NSAny(0),
+                         NSAny(NSAny::Dictionary{
+                             {u"NSColorSpace", NSAny(3)}, {u"NSWhite", bytes("0 0")}, {u"$class", uid(2)}}),
+                         bytes("II*"),
+                     });
+}
+
+TEST(ColorCoding, CarriesTheImageOfAPatternAlong)
+{
+    const auto pattern = colorIn(patternArchive());
+    ASSERT_NE(pattern, nullptr);
+    EXPECT_EQ(pattern->type(), NSColorType::Pattern);
+    const auto archive = archived(pattern);
+    const auto again = colorIn(archive);
+    ASSERT_NE(again, nullptr);
+    EXPECT_TRUE(again->isEqual(*pattern));
+    EXPECT_NE(archive.find("II*"), std::string::npos);
+    EXPECT_NE(archive.find("{8, 8}"), std::string::npos);
+}
+
+TEST(ColorCoding, HasNoComponentsForAPattern)
+{
+    const auto pattern = colorIn(patternArchive());
+    ASSERT_NE(pattern, nullptr);
+    EXPECT_EQ(pattern->deviceRGBComponents(), std::nullopt);
+    EXPECT_EQ(pattern->colorUsingType(NSColorType::ComponentBased), nullptr);
+    EXPECT_EQ(pattern->colorUsingColorSpace(NSColorSpace::sRGBColorSpace()), nullptr);
+    EXPECT_EQ(pattern->shadowWithLevel(0.5), nullptr);
+    EXPECT_EQ(pattern->alphaComponent(), 1);
+    EXPECT_TRUE(pattern->colorWithAlphaComponent(0.5)->isEqual(*pattern));
+    EXPECT_FALSE(pattern->isEqual(*NSColor::blackColor()));
+}
+
 TEST(ColorCoding, FailsForWhatIsNoColour)
 {
     const std::vector<NSAny::Dictionary> broken{
