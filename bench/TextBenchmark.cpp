@@ -1,8 +1,18 @@
 // How the cost of rich text grows: texts of 10,000, 100,000 and 1,000,000 units with a run every 20 units,
 // and every operation over the whole text. Linear is a growth of 1.
 
+#include "colours/HighlightAttribute.h"
+#include "platform/foundation/NSKeyedArchiver.h"
+#include "platform/foundation/NSKeyedUnarchiver.h"
 #include "platform/text/NSAttributeNames.h"
-#include "platform/text/NSAttributedString.h"
+#include "platform/text/NSAttributedStringObject.h"
+#include "platform/text/NSColor.h"
+#include "platform/text/NSFont.h"
+#include "platform/text/NSParagraphStyle.h"
+#include "platform/text/TextClasses.h"
+#include "richtext/DynamicColours.h"
+#include "richtext/Highlights.h"
+#include "richtext/ParagraphStyles.h"
 
 #include <fmt/format.h>
 
@@ -12,6 +22,7 @@
 #include <functional>
 #include <limits>
 #include <malloc.h>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -31,13 +42,68 @@ std::u16string characters(NSUInteger length)
     return text;
 }
 
+/// What a note's runs look like: a few fonts, colours and paragraph styles in every combination, highlights,
+/// and a number that makes neighbours differ.
+NSAttributes attributesOf(NSUInteger number)
+{
+    static const std::array fonts{NSFont::fontWithName(u"HelveticaNeue", 12),
+                                  NSFont::fontWithName(u"HelveticaNeue-Bold", 17),
+                                  NSFont::fontWithName(u"Menlo-Regular", 12)};
+    static const std::array colours{NSColor::blackColor(), NSColor::textColor(),
+                                    NSColor::colorWithRed(0.8, 0.1, 0.2, 1)};
+    static const std::array styles{NSParagraphStyle::defaultParagraphStyle(),
+                                   CVLExtensions::listParagraphStyle().copy()};
+    NSAttributes attributes{
+        {std::u16string(NSFontAttributeName), fonts[number % fonts.size()]},
+        {std::u16string(NSForegroundColorAttributeName), colours[number / 2 % colours.size()]},
+        {std::u16string(NSParagraphStyleAttributeName), styles[number / 4 % styles.size()]},
+        {u"Parity", number % 2},
+    };
+    if (number % 5 == 0)
+        attributes.emplace(CVLHighlightTextAttributeName, 1 + number % 7);
+    if (number % 11 == 0) {
+        attributes.emplace(NSTextHighlightStyleAttributeName, NSTextHighlightStyleDefault);
+        attributes.emplace(NSTextHighlightColorSchemeAttributeName, NSTextHighlightColorSchemeMint);
+        attributes.emplace(NSBackgroundColorAttributeName, colours.back());
+    }
+    return attributes;
+}
+
 NSAttributedString styled(NSUInteger length)
 {
     NSMutableAttributedString text(characters(length));
     NSUInteger number = 0;
     for (NSUInteger start = 0; start < length; start += kRunLength, ++number)
-        text.setAttributes({{u"Number", number % 97}, {u"Parity", number % 2}}, {start, kRunLength});
+        text.setAttributes(attributesOf(number), {start, kRunLength});
     return text;
+}
+
+std::string archived(const NSAttributedString& text)
+{
+    const auto object
+        = std::make_shared<const NSAttributedStringObject>(text, NSAttributedStringObject::Form::Mutable);
+    auto data = NSKeyedArchiver::archivedDataWithRootObject(object, false);
+    if (!data)
+        throw std::logic_error("the text was not archived");
+    return std::move(data->bytes);
+}
+
+NSAttributedString unarchived(std::string_view archive)
+{
+    const auto unarchiver = NSKeyedUnarchiver::initForReadingFromData(archive, textClasses());
+    unarchiver->setRequiresSecureCoding(false);
+    const auto text = unarchiver->decodeTopLevelObjectOfClasses({}, NSKeyedArchiveRootObjectKey)
+                          .object<NSAttributedStringObject>();
+    if (!text)
+        throw std::logic_error("the text was not unarchived");
+    return text->text();
+}
+
+/// What an operation found; nothing means that it did not do its work.
+void keep(std::size_t found)
+{
+    if (found == 0)
+        throw std::logic_error("nothing was found");
 }
 
 struct Operation {
@@ -62,16 +128,16 @@ std::vector<Operation> operations()
         {"enumerate",
          [](NSMutableAttributedString& text) {
              NSUInteger sum = 0;
-             text.enumerateAttribute(u"Number", [&sum](const NSAny& value, NSRange range, bool& /*stop*/) {
-                 sum += range.length + static_cast<NSUInteger>(value.integerValue());
-             });
-             if (sum == 0)
-                 throw std::logic_error("nothing was visited");
+             text.enumerateAttribute(NSFontAttributeName,
+                                     [&sum](const NSAny& value, NSRange range, bool& /*stop*/) {
+                                         sum += value ? range.length : 0;
+                                     });
+             keep(sum);
          }},
         {"set one attribute of every run",
          [](NSMutableAttributedString& text) {
-             text.enumerateAttribute(u"Number", [&text](const NSAny&, NSRange range, bool& /*stop*/) {
-                 text.addAttribute(u"Colour", u"black", range);
+             text.enumerateAttribute(u"Parity", [&text](const NSAny&, NSRange range, bool& /*stop*/) {
+                 text.addAttribute(NSKernAttributeName, 0.5, range);
              });
          }},
         {"merge all runs",
@@ -87,6 +153,31 @@ std::vector<Operation> operations()
          [](NSMutableAttributedString& text) {
              text.fixAttributesInRange({0, text.length()});
          }},
+        {"to dynamic colours",
+         [](NSMutableAttributedString& text) { DynamicColors::convertToDynamicColors(text); }},
+        {"from dynamic colours",
+         [](NSMutableAttributedString& text) { DynamicColors::convertFromDynamicColors(text); }},
+        {"clean colours up",
+         [](NSMutableAttributedString& text) {
+             DynamicColors::cleanupTextColorsInRange(text, {0, text.length()});
+         }},
+        {"platform highlights to the note's",
+         [](NSMutableAttributedString& text) {
+             DynamicColors::convertNSTextHighlightsToCorvelHighlights(text);
+         }},
+        {"the note's highlights to the platform's",
+         [](NSMutableAttributedString& text) {
+             DynamicColors::convertCorvelHighlightsToNSTextHighlights(text);
+         }},
+        {"highlighted passages",
+         [](NSMutableAttributedString& text) { keep(DynamicColors::highlightedStrings(text).size()); }},
+        {"passages on a background",
+         [](NSMutableAttributedString& text) {
+             keep(DynamicColors::stringsWithBackgroundColor(text).size());
+         }},
+        {"archive", [](NSMutableAttributedString& text) { keep(archived(text).size()); }},
+        {"archive and unarchive",
+         [](NSMutableAttributedString& text) { keep(unarchived(archived(text)).runCount()); }},
     };
 }
 
