@@ -1,14 +1,25 @@
 #pragma once
 
-#include <cstdint>
-#include <cstring>
-#include <string>
+#include "platform/foundation/Unicode.h"
 
-/// The input's bytes as UTF-16 units, unpaired surrogates and all.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The input as UTF-16: it is UTF-8, so that seeds are plain text, but that a byte 0xFF makes a unit,
+/// unpaired surrogates too, of the two bytes behind it.
 inline std::u16string UTF16Input(const std::uint8_t* data, std::size_t size)
 {
-    std::u16string text(size / sizeof(char16_t), u'\0');
-    if (!text.empty())
-        std::memcpy(text.data(), data, text.size() * sizeof(char16_t));
+    constexpr char kRaw = '\xFF';
+    const std::string bytes(data, data + size);
+    std::u16string text;
+    for (std::size_t offset = 0; offset < size;) {
+        const auto raw = bytes.find(kRaw, offset);
+        text += UTF16FromUTF8(std::string_view(bytes).substr(offset, raw - offset));
+        if (raw == std::string::npos || raw + 2 >= size)
+            break;
+        text += static_cast<char16_t>(data[raw + 1] << 8U | data[raw + 2]);
+        offset = raw + 3;
+    }
     return text;
 }

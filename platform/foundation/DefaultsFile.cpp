@@ -132,8 +132,8 @@ bool DefaultsFile::writeLocked(const NSAny::Dictionary& changes, NSError* error)
     }
     if (!isChanged)
         return true;
-    const auto data = NSPropertyListSerialization::dataWithPropertyList(
-        values, NSPropertyListFormat::Binary, error);
+    const auto data
+        = NSPropertyListSerialization::dataWithPropertyList(values, NSPropertyListFormat::Binary, error);
     if (!data || (m_state == State::Damaged && !keepDamagedFile(error))
         || !writeFileAtomically(data->bytes, m_path, m_operations, error))
         return false;

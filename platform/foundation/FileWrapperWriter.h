@@ -13,8 +13,8 @@
 /// whole; what may stay behind is a hidden ".corvel-..." beside them.
 ///
 /// Where the file system cannot exchange, a file still takes a file's place at once, but a folder's old
-/// contents are moved aside first: for a moment both stand beside the place, whole, and none at it. There too,
-/// when the place was free or a file took a file's place, and the folder then cannot be synced, the new
+/// contents are moved aside first: for a moment both stand beside the place, whole, and none at it. There
+/// too, when the place was free or a file took a file's place, and the folder then cannot be synced, the new
 /// contents stay, with an error; in every other case an error means that the old contents are back.
 class FileWrapperWriter {
 public:

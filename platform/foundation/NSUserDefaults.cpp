@@ -126,8 +126,7 @@ void NSUserDefaults::setObject(const NSAny& value, std::u16string_view key)
     // Found out by itself: a value that cannot be written would keep all others from being written.
     NSError error;
     if (!value.isNil()
-        && !NSPropertyListSerialization::dataWithPropertyList(value, NSPropertyListFormat::Binary,
-                                                              &error)) {
+        && !NSPropertyListSerialization::dataWithPropertyList(value, NSPropertyListFormat::Binary, &error)) {
         NSLog("The user default {} was not set: {}", UTF8FromUTF16(key), error.localizedDescription());
         return;
     }

@@ -17,7 +17,8 @@ protected:
     StringCommand()
     {
         EXPECT_EQ(::setenv("LC_ALL", "C", 1), 0); // NOLINT(concurrency-mt-unsafe): one thread
-        EXPECT_EQ(::setenv("XDG_CONFIG_HOME", folder().path().c_str(), 1), 0); // NOLINT(concurrency-mt-unsafe)
+        EXPECT_EQ(::setenv("XDG_CONFIG_HOME", folder().path().c_str(), 1),
+                  0); // NOLINT(concurrency-mt-unsafe)
     }
 
     [[nodiscard]] std::string answer(std::vector<std::string> arguments, std::string_view input = {}) const

@@ -55,7 +55,8 @@ TEST_F(Usage, ErrorsEndWithTwoAndSayWhy)
 TEST_F(Usage, HelpOfEveryCommandHasExamples)
 {
     EXPECT_THAT(corvel({"--help"}).output, HasSubstr("Examples:"));
-    for (const auto* command : {"create", "index", "remove", "move", "search", "status", "check", "text", "string"}) {
+    for (const auto* command : {"create", "index", "remove", "move", "search", "status", "check", "text",
+                                "style", "string", "colour"}) {
         const auto outcome = corvel({command, "--help"});
         EXPECT_EQ(outcome.status, 0) << command;
         EXPECT_THAT(outcome.output,
