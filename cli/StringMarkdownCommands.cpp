@@ -20,7 +20,7 @@ struct Arguments {
 
 ExitStatus showMarkdown(const Arguments& arguments)
 {
-    const auto text = textOfArgument(arguments.text, "markdown");
+    const auto text = lineOfArgument(arguments.text, "markdown");
     if (!text)
         return ExitStatus::Failure;
     printLine(markdownLine(*text));

@@ -1,4 +1,5 @@
 #include "cli/CommandSyntax.h"
+#include "cli/Console.h"
 #include "cli/StringCommand.h"
 #include "cli/TextArgument.h"
 #include "platform/foundation/NSURL.h"
@@ -19,6 +20,15 @@ struct Arguments {
     bool isWholeSentence = false;
 };
 
+/// Empty, or what is wrong with the count.
+std::string isUnitCount(const std::string& argument)
+{
+    constexpr std::size_t kMostDigits = 18;
+    const bool isCount = !argument.empty() && argument.size() <= kMostDigits
+        && argument.find_first_not_of("0123456789") == std::string::npos;
+    return isCount ? std::string() : argument + " is no number of units";
+}
+
 ExitStatus showFilename(const Arguments& arguments)
 {
     const auto text = textOfArgument(arguments.text, "filename");
@@ -30,7 +40,7 @@ ExitStatus showFilename(const Arguments& arguments)
 
 ExitStatus showSanitized(const Arguments& arguments)
 {
-    const auto text = textOfArgument(arguments.text, "sanitize");
+    const auto text = lineOfArgument(arguments.text, "sanitize");
     if (!text)
         return ExitStatus::Failure;
     printText(TSExtensions::stringSanitizedForFileName(*text));
@@ -39,9 +49,13 @@ ExitStatus showSanitized(const Arguments& arguments)
 
 ExitStatus showUnique(const Arguments& arguments)
 {
-    const auto name = textOfArgument(arguments.text, "unique");
+    const auto name = lineOfArgument(arguments.text, "unique");
     if (!name)
         return ExitStatus::Failure;
+    if (name->empty() || name->find(u'/') != std::u16string::npos) {
+        printError("unique", "a file name is neither empty nor has a slash");
+        return ExitStatus::Usage;
+    }
     const auto folder = NSURL::fileURLWithPath(arguments.folder);
     printText(TSExtensions::makeFilenameUniqueInDirectoryAtURL(*name, folder));
     return ExitStatus::Success;
@@ -49,7 +63,7 @@ ExitStatus showUnique(const Arguments& arguments)
 
 ExitStatus showTruncated(const Arguments& arguments)
 {
-    const auto text = textOfArgument(arguments.text, "truncate-middle");
+    const auto text = lineOfArgument(arguments.text, "truncate-middle");
     if (!text)
         return ExitStatus::Failure;
     printText(TSExtensions::stringByTruncatingMiddleWithMaxLength(*text, arguments.length));
@@ -99,7 +113,7 @@ Command addTruncateMiddle(CLI::App& parent)
                                "  corvel string truncate-middle 12 'Minutes of the harbour committee.txt'");
     command.add_option("N", arguments->length, "The length, in UTF-16 units, from which on a text is cut")
         ->required()
-        ->check(CLI::NonNegativeNumber, "", "")
+        ->check(CLI::Validator(isUnitCount, "", ""))
         ->type_name(" ");
     addTextArgument(command, "TEXT", arguments->text, "The text");
     return {&command, [arguments] { return showTruncated(*arguments); }};

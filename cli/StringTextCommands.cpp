@@ -52,7 +52,9 @@ ExitStatus showRemaining(const Arguments& arguments)
 
 ExitStatus showRanges(const Arguments& arguments)
 {
-    const auto term = textOfArgument(arguments.term, "ranges");
+    if (arguments.term == "-" && arguments.text == "-")
+        throw UsageError("only one of TERM and TEXT can come from standard input");
+    const auto term = lineOfArgument(arguments.term, "ranges");
     const auto text = term ? textOfArgument(arguments.text, "ranges") : std::nullopt;
     if (!text)
         return ExitStatus::Failure;

@@ -44,6 +44,18 @@ std::optional<std::u16string> textOfArgument(const std::string& argument, std::s
     return UTF16FromUTF8(*bytes);
 }
 
+std::optional<std::u16string> lineOfArgument(const std::string& argument, std::string_view command)
+{
+    auto text = textOfArgument(argument, command);
+    if (!text || argument != kStandardInput)
+        return text;
+    if (text->ends_with(u'\n'))
+        text->pop_back();
+    if (text->ends_with(u'\r'))
+        text->pop_back();
+    return text;
+}
+
 void printText(std::string_view text)
 {
     if (text.ends_with('\n'))

@@ -9,6 +9,10 @@
 [[nodiscard]] std::optional<std::u16string> textOfArgument(const std::string& argument,
                                                            std::string_view command);
 
+/// The same for a text that is one line: the line end that standard input ends with is no part of it.
+[[nodiscard]] std::optional<std::u16string> lineOfArgument(const std::string& argument,
+                                                           std::string_view command);
+
 /// Writes a text to standard output and ends it with a line end unless it has one. On a terminal each of its
 /// lines is made printable.
 void printText(std::string_view text);

@@ -18,7 +18,8 @@ namespace TSExtensions {
 [[nodiscard]] std::u16string stringSanitizedForFileName(std::u16string_view text);
 
 /// `name` unchanged when nothing in `folder` has it; else the first of "base 1.extension", "base 2.extension"
-/// and so on that is free, sanitised. Between the asking and the use of the name another program may take it.
+/// and so on that is free, sanitised afterwards: of a name that is not safe already the result may be one
+/// that the folder has. Between the asking and the use of the name another program may take it.
 [[nodiscard]] std::u16string makeFilenameUniqueInDirectoryAtURL(std::u16string_view name,
                                                                 const NSURL& folder);
 

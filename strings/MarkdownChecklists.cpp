@@ -12,6 +12,7 @@ namespace {
 constexpr auto kNone = std::u16string_view::npos;
 constexpr std::u16string_view kBullets = u"-*+";
 constexpr std::size_t kMostGrowth = 16;
+constexpr std::size_t kAlwaysRoom = 1U << 20U;
 constexpr std::size_t kIndentWidth = CVLMarkdownChecklistIndentString.size();
 constexpr std::size_t kMarkerLength = CVLMarkdownChecklistOnString.size() - 1;
 
@@ -24,7 +25,7 @@ constexpr std::u16string_view boxOf(std::u16string_view marker)
 std::vector<std::u16string> itemsBehind(std::u16string_view text, std::u16string_view box)
 {
     std::vector<std::u16string> items;
-    std::size_t room = kMostGrowth * text.size();
+    std::size_t room = std::max(kMostGrowth * text.size(), kAlwaysRoom);
     std::size_t lineEnd = 0;
     for (auto place = text.find(box); place != kNone; place = text.find(box, place + box.size())) {
         if (place == 0 || kBullets.find(text[place - 1]) == kNone)

@@ -10,8 +10,8 @@ namespace CVLMarkdown {
 
 /// The texts behind "* [x]", "- [x]" or "+ [x]", wherever these stand, each to the end of its line and
 /// trimmed, the empty ones left out. Only the small "x" counts. A line that holds several has several items,
-/// each within the one before; the items end where together they are 16 times the size of the text, which no
-/// text of people reaches.
+/// each within the one before; the items end where together they are 16 times the size of the text and more
+/// than 1,048,576 units, which no text of people reaches.
 [[nodiscard]] std::vector<std::u16string> completedChecklistItems(std::u16string_view text);
 
 /// The same for "[ ]".

@@ -113,6 +113,10 @@ TEST(MakeFilenameUnique, TakesTheFirstNumberThatIsFree)
     const TemporaryFolder folder;
     folder.write("Report.pdf", "");
     EXPECT_EQ(makeFilenameUniqueInDirectoryAtURL(u"Report.pdf", folder.url("")), u"Report 1.pdf");
+    // Made safe only after the asking, a name may come out as one that is there.
+    folder.write("a:b.txt", "");
+    folder.write("a-b 1.txt", "");
+    EXPECT_EQ(makeFilenameUniqueInDirectoryAtURL(u"a:b.txt", folder.url("")), u"a-b 1.txt");
     folder.write("Report 1.pdf", "");
     EXPECT_EQ(makeFilenameUniqueInDirectoryAtURL(u"Report.pdf", folder.url("")), u"Report 2.pdf");
     folder.write("Report 3.pdf", "");

@@ -43,6 +43,14 @@ TEST(ChecklistItems, MayStandAnywhereInALine)
     EXPECT_EQ(outstandingChecklistItems(u"- [ ] a\u2028- [ ] b"), (Items{u"a", u"b"}));
 }
 
+TEST(ChecklistItems, AreAllThereWhereALineHasMany)
+{
+    std::u16string text;
+    for (int count = 0; count < 300; ++count)
+        text += u"- [x] a ";
+    EXPECT_EQ(completedChecklistItems(text).size(), 300U);
+}
+
 TEST(ChecklistItems, EndWhereALineRepeatsItselfWithoutEnd)
 {
     std::u16string text;

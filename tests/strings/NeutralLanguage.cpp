@@ -11,8 +11,8 @@ class NeutralLanguage : public testing::Environment {
 public:
     void SetUp() override
     {
-        ASSERT_EQ(::setenv("LC_ALL", "C", 1), 0);
-    } // NOLINT(concurrency-mt-unsafe): one thread
+        ASSERT_EQ(::setenv("LC_ALL", "C", 1), 0); // NOLINT(concurrency-mt-unsafe): one thread
+    }
 };
 
 // The test library owns it.

@@ -45,6 +45,28 @@ TEST_F(StringCommand, ReadsStandardInputForADash)
     EXPECT_EQ(answer({"capitalize", "-"}, "hello macOS\n"), "Hello macOS\n");
 }
 
+TEST_F(StringCommand, LeavesTheLineEndOfStandardInputOutOfALine)
+{
+    folder().write("Report.pdf", "");
+    EXPECT_EQ(answer({"unique", "-", "--in", "."}, "Report.pdf\n"), "Report 1.pdf\n");
+    EXPECT_EQ(answer({"truncate-middle", "5", "-"}, "hello\r\n"), "hello\n");
+    EXPECT_EQ(json::parse(answer({"markdown", "-"}, "**bold**\n"))["strong"], "**");
+    EXPECT_EQ(json::parse(answer({"markdown", "-"}, "###\n"))["headingLevel"], 2);
+    EXPECT_EQ(json::parse(answer({"ranges", "-", "abxx"}, "ab\n")).size(), 1U);
+}
+
+TEST_F(StringCommand, RefusesWhatIsNoNameNoCountOrTwoTextsAtOnce)
+{
+    EXPECT_EQ(corvel({"string", "unique", "", "--in", "."}).status, 2);
+    EXPECT_EQ(corvel({"string", "unique", "../etc", "--in", "."}).status, 2);
+    EXPECT_EQ(corvel({"string", "ranges", "-", "-"}, "text").status, 2);
+    for (const auto* count : {"-1", "", "four", "99999999999999999999999"}) {
+        const auto outcome = corvel({"string", "truncate-middle", "--", count, "text"});
+        EXPECT_EQ(outcome.status, 2) << count;
+        EXPECT_LT(outcome.error.size(), 200U) << count;
+    }
+}
+
 TEST_F(StringCommand, SanitizesAndTruncates)
 {
     EXPECT_EQ(answer({"sanitize", "[a/b:c~d]"}), "[a-b-c-d]\n");
