@@ -23,7 +23,8 @@ constexpr const char* kExplanation
       "  corvel colour Cantaloupe\n"
       "  corvel colour --dark textBackgroundColor \"yellow highlight\"\n"
       "  corvel colour --json '#ffcc66'\n"
-      "  corvel colour --list";
+      "  corvel colour --list\n"
+      "  corvel colour --list --json --dark";
 
 struct ColourArguments {
     bool isJSON = false;
@@ -43,14 +44,23 @@ void showColour(const NamedColour& named, const ColourArguments& arguments)
         printLine(line);
 }
 
+void listColours(const ColourArguments& arguments)
+{
+    for (const auto& named : namedColours()) {
+        if (arguments.isJSON)
+            showColour(named, arguments);
+        else
+            printLine(UTF8FromUTF16(named.name));
+    }
+}
+
 ExitStatus showColours(const ColourArguments& arguments)
 {
-    const auto names = givenPaths(*arguments.colours);
+    const auto names = givenTexts(*arguments.colours);
     if (arguments.isList != names.empty())
         throw UsageError("colour takes either --list or one COLOUR or more");
     if (arguments.isList) {
-        for (const auto& name : colourNames())
-            printLine(UTF8FromUTF16(name));
+        listColours(arguments);
         return ExitStatus::Success;
     }
     auto status = ExitStatus::Success;
@@ -59,7 +69,7 @@ ExitStatus showColours(const ColourArguments& arguments)
             showColour(*named, arguments);
             continue;
         }
-        printError(name, "there is no such colour; corvel colour --list has the names");
+        printError(name.empty() ? "''" : name, "there is no such colour; corvel colour --list has the names");
         status = ExitStatus::Failure;
     }
     return status;
@@ -74,7 +84,7 @@ Command addColourCommand(CLI::App& program)
         = addCommand(program, "colour", "Show a colour in the forms that notes keep it in.", kExplanation);
     command.add_flag("--json", arguments->isJSON, "A line of JSON for each colour");
     command.add_flag("--dark", arguments->isDark, "As in the dark appearance");
-    command.add_flag("--list", arguments->isList, "The names of all colours");
-    arguments->colours = addPathArguments(command, "COLOUR", "Digits or names")->required(false);
+    command.add_flag("--list", arguments->isList, "The names of all colours, or with --json a line for each");
+    arguments->colours = addTextArguments(command, "COLOUR", "Digits or names")->required(false);
     return {&command, [arguments] { return showColours(*arguments); }};
 }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 
 namespace {
 
@@ -99,16 +100,24 @@ std::optional<NamedColour> colourNamed(std::string_view text)
     return listColourNamed(wanted);
 }
 
+std::vector<NamedColour> namedColours()
+{
+    std::vector<NamedColour> colours;
+    for (const auto& each : systemColors())
+        colours.push_back({std::u16string(each.name), NSColor::systemColorNamed(each.name)});
+    for (const auto& each : assetColors())
+        colours.push_back({std::u16string(each.name), NSColor::colorNamed(each.name)});
+    for (const auto* list : NSColorList::availableColorLists()) {
+        for (const auto key : list->allKeys())
+            colours.push_back({nameInList(*list, key), list->colorWithKey(key)});
+    }
+    return colours;
+}
+
 std::vector<std::u16string> colourNames()
 {
     std::vector<std::u16string> names;
-    for (const auto& each : systemColors())
-        names.emplace_back(each.name);
-    for (const auto& each : assetColors())
-        names.emplace_back(each.name);
-    for (const auto* list : NSColorList::availableColorLists()) {
-        for (const auto key : list->allKeys())
-            names.push_back(nameInList(*list, key));
-    }
+    for (auto& colour : namedColours())
+        names.push_back(std::move(colour.name));
     return names;
 }

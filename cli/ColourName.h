@@ -20,5 +20,8 @@ struct NamedColour {
 /// colour of a list, as "Snow" or "Crayons/Snow". None when there is no such colour.
 [[nodiscard]] std::optional<NamedColour> colourNamed(std::string_view text);
 
-/// Every name that `colourNamed` knows, in full.
+/// Every colour that `colourNamed` knows by a name.
+[[nodiscard]] std::vector<NamedColour> namedColours();
+
+/// Their names, in full and in the same order.
 [[nodiscard]] std::vector<std::u16string> colourNames();

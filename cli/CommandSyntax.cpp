@@ -78,19 +78,29 @@ void addPathArgument(CLI::App& command, const std::string& name, std::string& pa
     addTextArgument(command, name, path, description)->check(rejectEmpty, "", "");
 }
 
+CLI::Option* addTextArguments(CLI::App& command, const std::string& name, const std::string& description)
+{
+    return asGiven(command.add_option(name, description)
+                       ->required()
+                       ->type_name(" ")
+                       ->type_size(1)
+                       ->expected(1, kUnlimited)
+                       ->allow_extra_args());
+}
+
+std::vector<std::string> givenTexts(const CLI::Option& option)
+{
+    return option.results();
+}
+
 CLI::Option* addPathArguments(CLI::App& command, const std::string& name, const std::string& description)
 {
-    return asPath(command.add_option(name, description)
-                      ->required()
-                      ->type_name(" ")
-                      ->type_size(1)
-                      ->expected(1, kUnlimited)
-                      ->allow_extra_args());
+    return addTextArguments(command, name, description)->check(rejectEmpty, "", "");
 }
 
 std::vector<std::string> givenPaths(const CLI::Option& option)
 {
-    return option.results();
+    return givenTexts(option);
 }
 
 std::vector<std::string> argumentsForParser(int argumentCount, const char* const* arguments)

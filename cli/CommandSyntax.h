@@ -30,6 +30,13 @@ CLI::Option* addTextOption(CLI::App& command, const std::string& name, std::opti
 CLI::Option* addTextArgument(CLI::App& command, const std::string& name, std::string& text,
                              const std::string& description);
 
+/// A required positional argument that is one text or more, empty ones too.
+[[nodiscard]] CLI::Option* addTextArguments(CLI::App& command, const std::string& name,
+                                            const std::string& description);
+
+/// What was given for addTextArguments, byte for byte.
+[[nodiscard]] std::vector<std::string> givenTexts(const CLI::Option& option);
+
 /// A required positional argument that is one path.
 void addPathArgument(CLI::App& command, const std::string& name, std::string& path,
                      const std::string& description);

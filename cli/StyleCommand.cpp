@@ -8,11 +8,16 @@
 #include "styles/CVLNoteTextStyle.h"
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -21,7 +26,8 @@ using Style = CVLNoteTextStyle;
 constexpr const char* kExplanation
     = "The styles are kept in the user defaults, $XDG_CONFIG_HOME/corvel/defaults.plist. A STYLE is named by "
       "its "
-      "identifier or by its name; names in the user's language are understood.\n"
+      "identifier or by its name. The standard styles have names in the user's language; the "
+      "English ones are understood too.\n"
       "\n"
       "Examples:\n"
       "  corvel style list\n"
@@ -43,13 +49,15 @@ constexpr const char* kSetExplanation
       "Examples:\n"
       "  corvel style set Title --size 20 --colour '#204060'\n"
       "  corvel style set Monospaced --default";
-constexpr const char* kAddExplanation = "The new style looks like the style given with --from, or like Body, "
-                                        "but for what the options say. It gets an "
-                                        "identifier of its own, which is printed. Names need not be unique.\n"
-                                        "\n"
-                                        "Examples:\n"
-                                        "  corvel style add Quote --font Georgia --size 13\n"
-                                        "  corvel style add 'Small heading' --from Subheading --size 11";
+constexpr const char* kAddExplanation
+    = "The new style looks like the style given with --from, or like Body, "
+      "but for what the options say. It gets an "
+      "identifier of its own, which is printed. Names need not be unique, but "
+      "those of the standard styles are taken.\n"
+      "\n"
+      "Examples:\n"
+      "  corvel style add Quote --font Georgia --size 13\n"
+      "  corvel style add 'Small heading' --from Subheading --size 11";
 constexpr const char* kResetExplanation = "Standard styles are as they are by default again. With --all so "
                                           "is the choice of the default style; custom "
                                           "styles stay.\n"
@@ -60,6 +68,7 @@ constexpr const char* kResetExplanation = "Standard styles are as they are by de
 constexpr const char* kDeleteExplanation = "Examples:\n"
                                            "  corvel style delete Quote";
 
+constexpr double kMinimumFontSize = 1;
 constexpr double kMaximumPoints = 1000;
 constexpr NSInteger kMaximumLineStyle = 0xFFFF;
 
@@ -80,6 +89,35 @@ struct StyleAction {
     std::function<ExitStatus()> run;
 };
 
+/// The names that are understood whatever the user's language is.
+constexpr std::array<std::pair<std::u16string_view, CVLNoteTextStyleType>, 5> kEnglishNames = {{
+    {u"Title", CVLNoteTextStyleType::Title},
+    {u"Heading", CVLNoteTextStyleType::Heading},
+    {u"Subheading", CVLNoteTextStyleType::Subheading},
+    {u"Body", CVLNoteTextStyleType::Body},
+    {u"Monospaced", CVLNoteTextStyleType::Monospaced},
+}};
+
+// Null when it is the English name of no standard style.
+Style::Ref styleWithEnglishName(std::u16string_view name)
+{
+    for (const auto& [englishName, type] : kEnglishNames) {
+        if (englishName != name)
+            continue;
+        for (const auto& style : Style::standardStyles())
+            if (style->type() == type)
+                return style;
+    }
+    return nullptr;
+}
+
+bool isNameOfStandardStyle(std::u16string_view name)
+{
+    const auto styles = Style::standardStyles();
+    return styleWithEnglishName(name) != nullptr
+        || std::ranges::any_of(styles, [&](const auto& style) { return style->name() == name; });
+}
+
 // Null, and said why, unless there is exactly one such style.
 Style::Ref styleNamed(const std::string& text)
 {
@@ -96,6 +134,9 @@ Style::Ref styleNamed(const std::string& text)
         }
         found = style;
     }
+    // Last, as in another language the English name of one style may be the name of another.
+    if (!found)
+        found = styleWithEnglishName(name);
     if (!found)
         printError(text, "there is no such style");
     return found;
@@ -110,10 +151,9 @@ ExitStatus defaultsStatus()
     return ExitStatus::Failure;
 }
 
-void makeDefault(const Style& style)
+void makeDefault(const std::u16string& identifier)
 {
-    NSUserDefaults::standardUserDefaults().setObject(*style.identifier(),
-                                                     CVLNoteTextStyleDefaultIdentifierKey);
+    NSUserDefaults::standardUserDefaults().setObject(identifier, CVLNoteTextStyleDefaultIdentifierKey);
 }
 
 ExitStatus listStyles(const StyleArguments& arguments)
@@ -138,22 +178,51 @@ ExitStatus showStyle(const StyleArguments& arguments)
 
 ExitStatus setStyle(const StyleArguments& arguments)
 {
+    if (!arguments.isDefault && arguments.changes == StyleChanges())
+        throw UsageError("style set: nothing to change");
     const auto style = styleNamed(arguments.style);
     if (!style)
         return ExitStatus::Failure;
+    // A stored custom style may lack one.
+    const auto identifier = style->identifier();
+    if (arguments.isDefault && !identifier) {
+        printError(arguments.style, "a style without an identifier cannot be the default style");
+        return ExitStatus::Failure;
+    }
     std::string reason;
     if (!applyChanges(arguments.changes, *style, reason)) {
         printError(arguments.style, reason);
         return ExitStatus::Failure;
     }
     Style::saveStylesToDefaults(Style::allStyles());
-    if (arguments.isDefault)
-        makeDefault(*style);
+    if (arguments.isDefault && identifier)
+        makeDefault(*identifier);
     return defaultsStatus();
+}
+
+// False, and said why, for a name by which another style is found.
+bool isFreeName(const std::string& text)
+{
+    if (text.empty())
+        throw UsageError("style add: a name may not be empty");
+    if (!isValidUTF8(text))
+        throw UsageError("style add: the name is not UTF-8");
+    const auto name = UTF16FromUTF8(text);
+    if (isNameOfStandardStyle(name)) {
+        printError(text, "a standard style has this name");
+        return false;
+    }
+    if (Style::styleWithIdentifier(name)) {
+        printError(text, "this is the identifier of a style");
+        return false;
+    }
+    return true;
 }
 
 ExitStatus addStyle(const StyleArguments& arguments)
 {
+    if (!isFreeName(arguments.style))
+        return ExitStatus::Failure;
     const auto source = arguments.from ? styleNamed(*arguments.from) : Style::defaultBodyNoteTextStyle();
     if (!source)
         return ExitStatus::Failure;
@@ -166,12 +235,14 @@ ExitStatus addStyle(const StyleArguments& arguments)
         printError(arguments.style, reason);
         return ExitStatus::Failure;
     }
+    // Every new custom style has one.
+    const auto identifier = style->identifier().value_or(std::u16string());
     Style::addCustomStyle(style);
     if (arguments.isDefault)
-        makeDefault(*style);
+        makeDefault(identifier);
     const auto status = defaultsStatus();
     if (status == ExitStatus::Success)
-        printLine(UTF8FromUTF16(*style->identifier()));
+        printLine(UTF8FromUTF16(identifier));
     return status;
 }
 
@@ -218,13 +289,27 @@ ExitStatus deleteStyle(const StyleArguments& arguments)
     return saveWithout(style);
 }
 
+// A number of points from `minimum` on. Not CLI::Range, which lets pass what is not a number.
+CLI::Validator pointsFrom(double minimum)
+{
+    const auto check = [minimum](const std::string& text) {
+        char* end = nullptr;
+        const double value = std::strtod(text.c_str(), &end);
+        const bool isNumber = !text.empty() && end == text.c_str() + text.size();
+        if (isNumber && value >= minimum && value <= kMaximumPoints)
+            return std::string();
+        return fmt::format("Value {} not in range {} to {}", text, minimum, kMaximumPoints);
+    };
+    return {check, fmt::format("FLOAT in [{} - {}]", minimum, kMaximumPoints)};
+}
+
 void addChangeOptions(CLI::App& command, StyleChanges& changes)
 {
     addTextOption(command, "--font", changes.font, "FONT",
                   "A PostScript name or a family: Menlo-Regular, Menlo");
     command.add_option("--size", changes.size, "The font's size in points")
         ->type_name("POINTS")
-        ->check(CLI::Range(1.0, kMaximumPoints));
+        ->check(pointsFrom(kMinimumFontSize));
     addTextOption(
         command, "--colour", changes.colour, "HEX",
         "#rrggbb, or none for the colour of text. Black and white are the colour of text too, as they "
@@ -238,11 +323,11 @@ void addChangeOptions(CLI::App& command, StyleChanges& changes)
             ->check(CLI::Range(NSInteger{0}, kMaximumLineStyle));
     command.add_option("--line-spacing", changes.lineSpacing, "The space between lines in points")
         ->type_name("POINTS")
-        ->check(CLI::Range(0.0, kMaximumPoints));
+        ->check(pointsFrom(0));
     command
         .add_option("--paragraph-spacing", changes.paragraphSpacing, "The space behind paragraphs in points")
         ->type_name("POINTS")
-        ->check(CLI::Range(0.0, kMaximumPoints));
+        ->check(pointsFrom(0));
 }
 
 StyleAction addListAction(CLI::App& command)

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
 
 namespace {
 
@@ -18,6 +19,12 @@ constexpr double kFullComponent = 255;
 std::string identifierOf(const CVLNoteTextStyle& style)
 {
     return UTF8FromUTF16(style.identifier().value_or(std::u16string()));
+}
+
+// Sizes are stored in single precision: the shortest decimal that gives the stored one is what was asked for.
+std::string sizeText(const CVLNoteTextStyle& style)
+{
+    return fmt::format("{}", static_cast<float>(style.fontSize()));
 }
 
 bool isTextColour(const CVLNoteTextStyle& style)
@@ -108,7 +115,7 @@ std::string styleListLine(const CVLNoteTextStyle& style, bool isDefault)
     const auto flags = flagsText(style);
     return fmt::format("{} {:<36}  {:<20} {:>4}  {:<7}  {}{}", isDefault ? '*' : ' ',
                        printable(identifierOf(style)), printable(UTF8FromUTF16(style.fontName())),
-                       style.fontSize(), colourText(style), printable(UTF8FromUTF16(style.name())),
+                       sizeText(style), colourText(style), printable(UTF8FromUTF16(style.name())),
                        flags.empty() ? flags : " (" + flags + ")");
 }
 
@@ -129,7 +136,7 @@ std::string styleText(const CVLNoteTextStyle& style, bool isDefault)
                        "resets on new line {}\n"
                        "default style      {}",
                        printable(UTF8FromUTF16(style.name())), printable(identifierOf(style)),
-                       printable(UTF8FromUTF16(style.fontName())), style.fontSize(), colourText(style),
+                       printable(UTF8FromUTF16(style.fontName())), sizeText(style), colourText(style),
                        style.underlineStyle(), style.strikethrough(), paragraphStyle->lineSpacing(),
                        paragraphStyle->paragraphSpacing(), paragraphStyle->headerLevel(),
                        style.applyToParagraph() ? "yes" : "no", style.resetOnNewLine() ? "yes" : "no",
@@ -144,7 +151,7 @@ std::string styleLine(const CVLNoteTextStyle& style, bool isDefault)
     value["identifier"] = identifierOf(style);
     value["type"] = static_cast<NSInteger>(style.type());
     value["font"] = UTF8FromUTF16(style.fontName());
-    value["size"] = style.fontSize();
+    value["size"] = std::strtod(sizeText(style).c_str(), nullptr);
     value["colour"]
         = isTextColour(style) ? nlohmann::ordered_json() : nlohmann::ordered_json(colourText(style));
     value["underline"] = style.underlineStyle();

@@ -18,6 +18,8 @@ struct StyleChanges {
     /// Points.
     std::optional<double> lineSpacing;
     std::optional<double> paragraphSpacing;
+
+    [[nodiscard]] bool operator==(const StyleChanges&) const = default;
 };
 
 /// Makes the changes. False, with the reason in `reason` and the style untouched, when there is no such font

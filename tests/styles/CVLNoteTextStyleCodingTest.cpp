@@ -124,11 +124,32 @@ TEST_F(CVLNoteTextStyleCoding, WritesExactlyTheseKeys)
     EXPECT_EQ(values.at(u"resetOnNewLine"), NSAny(true));
 }
 
+/// The archived colour, as the references in its dictionary resolve.
+std::map<std::u16string, double> archivedColor(const std::string& bytes)
+{
+    const auto list = NSPropertyListSerialization::propertyListWithData(bytes);
+    const auto& objects = *list.dictionary()->at(u"$objects").array();
+    const auto resolved = [&objects](const NSAny& reference) {
+        return objects.at(reference.object<NSKeyedArchiverUID>()->value());
+    };
+    const auto color = resolved(archivedValues(bytes).at(u"foregroundColor"));
+    std::map<std::u16string, double> components;
+    const auto& keys = *color.dictionary()->at(u"NS.keys").array();
+    const auto& values = *color.dictionary()->at(u"NS.objects").array();
+    for (std::size_t index = 0; index < keys.size(); ++index)
+        components[*resolved(keys[index]).string()] = resolved(values[index]).doubleValue();
+    return components;
+}
+
 TEST_F(CVLNoteTextStyleCoding, WritesTheTextColourInPlaceOfBlackAndWhite)
 {
-    for (const auto& color : {NSColor::blackColor(), NSColor::whiteColor()}) {
+    // White would be all ones. The text colour of the light appearance is black.
+    const std::map<std::u16string, double> textColor
+        = {{u"red", 0}, {u"green", 0}, {u"blue", 0}, {u"alpha", 1}};
+    for (const auto& color : {NSColor::whiteColor(), NSColor::blackColor(), NSColor::Ref()}) {
         const auto style = quoteStyle();
         style->setForegroundColor(color);
+        EXPECT_EQ(archivedColor(archived(style)), textColor);
         const auto read = unarchived(archived(style));
         ASSERT_TRUE(read);
         EXPECT_TRUE(read->foregroundColor()->isEqual(*NSColor::textColor()));
@@ -138,18 +159,25 @@ TEST_F(CVLNoteTextStyleCoding, WritesTheTextColourInPlaceOfBlackAndWhite)
 TEST_F(CVLNoteTextStyleCoding, TakesItsStandardFontWhereTheArchivedOneIsUnknown)
 {
     const NSAny missing = std::make_shared<const NSKeyedArchiverUID>(0U);
-    const auto style = quoteStyle();
+    ASSERT_FALSE(NSFont::fontWithName(u"Menlo-Rogulor", 12));
     const std::vector<std::pair<Type, CVLNoteTextStyle::Ref>> rows = {
         {Type::Custom, CVLNoteTextStyle::defaultBodyNoteTextStyle()},
         {Type::Body, CVLNoteTextStyle::defaultBodyNoteTextStyle()},
         {Type::Title, CVLNoteTextStyle::defaultTitleNoteTextStyle()},
+        {Type::Heading, CVLNoteTextStyle::defaultHeadingNoteTextStyle()},
+        {Type::Subheading, CVLNoteTextStyle::defaultSubheadingNoteTextStyle()},
         {Type::Monospaced, CVLNoteTextStyle::defaultMonospacedNoteTextStyle()},
     };
     for (const auto& [type, standard] : rows) {
+        const auto style = quoteStyle();
         style->setType(type);
-        const auto read = unarchived(withValue(archived(style), u"fontName", missing));
-        ASSERT_TRUE(read);
-        EXPECT_TRUE(read->font()->isEqual(*standard->font()));
+        auto unknown = archived(style);
+        unknown.replace(unknown.find("Menlo-Regular"), 13, "Menlo-Rogulor");
+        for (const auto& bytes : {withValue(archived(style), u"fontName", missing), unknown}) {
+            const auto read = unarchived(bytes);
+            ASSERT_TRUE(read);
+            EXPECT_TRUE(read->font()->isEqual(*standard->font()));
+        }
     }
 }
 

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+#include <sstream>
+
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -41,6 +43,28 @@ TEST_F(ColourCommand, ListsTheNamesOnRequestOnly)
     EXPECT_THAT(corvel({"colour", "--list"}).output, HasSubstr("Crayons/Licorice\n"));
     EXPECT_EQ(corvel({"colour"}).status, 2);
     EXPECT_EQ(corvel({"colour", "--list", "Snow"}).status, 2);
+}
+
+TEST_F(ColourCommand, ListsInJSONWhatItShowsOfEachColour)
+{
+    const auto outcome = corvel({"colour", "--list", "--json", "--dark"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output,
+                HasSubstr(corvel({"colour", "--json", "--dark", "textBackgroundColor"}).output));
+    EXPECT_THAT(outcome.output, HasSubstr(corvel({"colour", "--json", "Crayons/Licorice"}).output));
+    std::istringstream lines(outcome.output);
+    std::string names;
+    for (std::string line; std::getline(lines, line);)
+        names += nlohmann::json::parse(line).at("name").get<std::string>() + "\n";
+    EXPECT_EQ(names, corvel({"colour", "--list"}).output);
+}
+
+TEST_F(ColourCommand, KnowsNoColourWithoutAName)
+{
+    const auto outcome = corvel({"colour", "", "Snow"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("#ffffff"));
+    EXPECT_EQ(outcome.error, "corvel: '': there is no such colour; corvel colour --list has the names\n");
 }
 
 } // namespace

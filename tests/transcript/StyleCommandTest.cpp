@@ -1,3 +1,4 @@
+#include "platform/foundation/NSUserDefaults.h"
 #include "tests/transcript/Transcript.h"
 
 #include <gmock/gmock.h>
@@ -114,6 +115,24 @@ TEST_F(StyleCommand, ChangesAStyleForTheNextTime)
     EXPECT_EQ(shown("Title").at("size"), 20);
 }
 
+TEST_F(StyleCommand, UnderstandsEnglishNamesInEveryLanguage)
+{
+    const std::vector<std::string> german = {"LANG=de_DE.UTF-8"};
+    for (const auto* name : {"Title", "Heading", "Subheading", "Body", "Monospaced"}) {
+        const auto outcome = style({"show", "--json", name}, german);
+        EXPECT_EQ(outcome.status, 0) << outcome.error;
+        EXPECT_EQ(nlohmann::json::parse(outcome.output).at("identifier"), shown(name).at("identifier"));
+    }
+}
+
+TEST_F(StyleCommand, ShowsASizeAsItWasGiven)
+{
+    EXPECT_EQ(style({"set", "Body", "--size", "10.1"}).status, 0);
+    EXPECT_THAT(style({"show", "Body"}).output, HasSubstr("\nsize               10.1\n"));
+    EXPECT_THAT(style({"show", "--json", "Body"}).output, HasSubstr("\"size\":10.1,"));
+    EXPECT_THAT(style({"list"}).output, HasSubstr(" 10.1  text     Body\n"));
+}
+
 TEST_F(StyleCommand, TakesBlackForTheColourOfText)
 {
     EXPECT_EQ(style({"set", "Body", "--colour", "#000000"}).status, 0);
@@ -146,6 +165,42 @@ TEST_F(StyleCommand, AsksForTheIdentifierWhereANameIsNotEnough)
     EXPECT_EQ(outcome.error, "corvel: Quote: several styles have this name; give the identifier\n");
     EXPECT_EQ(style({"delete", first.substr(0, first.size() - 1)}).status, 0);
     EXPECT_THAT(listedNames(), SizeIs(6));
+}
+
+TEST_F(StyleCommand, AddsNoStyleByANameThatFindsAnother)
+{
+    const std::vector<std::string> german = {"LANG=de_DE.UTF-8"};
+    for (const auto* name : {"Title", "Monospaced", "Titel"}) {
+        const auto outcome = style({"add", name}, german);
+        EXPECT_EQ(outcome.status, 1) << name;
+        EXPECT_EQ(outcome.error, std::string("corvel: ") + name + ": a standard style has this name\n");
+    }
+    const auto outcome = style({"add", "CVLNoteStyleIdentifierBody"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.error, "corvel: CVLNoteStyleIdentifierBody: this is the identifier of a style\n");
+    EXPECT_THAT(listedNames(), SizeIs(5));
+}
+
+TEST_F(StyleCommand, MakesNoStyleWithoutAnIdentifierTheDefault)
+{
+    EXPECT_EQ(style({"add", "Quote"}).status, 0);
+    {
+        // Under another key of the same length the identifier is not found.
+        NSUserDefaults defaults(folder().file("config/corvel/defaults.plist"));
+        auto data = defaults.dataForKey(u"CVLNoteTextStyles");
+        ASSERT_TRUE(data);
+        const std::string_view key = "customStyleIdentifier";
+        const auto place = data->bytes.find(key);
+        ASSERT_NE(place, std::string::npos);
+        data->bytes.replace(place, key.size(), "customStyleIdentifieX");
+        defaults.setObject(*data, u"CVLNoteTextStyles");
+    }
+    EXPECT_EQ(shown("Quote").at("identifier"), "");
+    const auto outcome = style({"set", "Quote", "--size", "20", "--default"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.error, "corvel: Quote: a style without an identifier cannot be the default style\n");
+    EXPECT_EQ(shown("Quote").at("size"), 12);
+    EXPECT_EQ(shown("Body").at("default"), true);
 }
 
 TEST_F(StyleCommand, ResetsStandardStyles)
@@ -206,7 +261,15 @@ TEST_F(StyleCommand, RefusesWhatMakesNoSense)
         {"set", "Title", "--size", "many"},
         {"set", "Title", "--underline", "-1"},
         {"set", "Title", "--line-spacing", "-1"},
+        {"set", "Title"},
+        {"set", "Title", "--size", "nan"},
+        {"set", "Title", "--size", "-nan"},
+        {"set", "Title", "--size", "inf"},
+        {"set", "Title", "--line-spacing", "nan"},
+        {"set", "Title", "--paragraph-spacing", "nan"},
         {"add"},
+        {"add", ""},
+        {"add", "Quote\xFF"},
         {"reset"},
         {"reset", "Title", "--all"},
         {"delete"},
@@ -216,6 +279,9 @@ TEST_F(StyleCommand, RefusesWhatMakesNoSense)
         EXPECT_EQ(outcome.status, 2) << testing::PrintToString(mistake) << outcome.error;
         EXPECT_THAT(outcome.error, StartsWith("corvel: usage: "));
     }
+    EXPECT_EQ(style({"set", "Title"}).error,
+              "corvel: usage: style set: nothing to change\nTry 'corvel --help'.\n");
+    EXPECT_FALSE(std::filesystem::exists(folder().file("config")));
 }
 
 TEST_F(StyleCommand, HelpsWithEveryAction)
