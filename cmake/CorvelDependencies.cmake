@@ -21,7 +21,6 @@ pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd>=252)
 pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo>=1.16)
 pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig>=2.14)
 pkg_check_modules(FREETYPE REQUIRED IMPORTED_TARGET freetype2)
-pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0>=2.2)
 # Compiles the message catalogues of po/; in gettext.
 find_program(CORVEL_MSGFMT msgfmt REQUIRED)
 

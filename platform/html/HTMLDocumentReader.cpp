@@ -351,7 +351,7 @@ private:
             element.style.textBackground = element.style.box.background;
     }
 
-    void setMeaning(Element& element, const HTMLTag& tag)
+    void setMeaning(Element& element, const HTMLTag& tag) const
     {
         if (tag.name == "a") {
             const auto target = resolvedURL(tag.attribute("href"), m_document.baseURL);
@@ -629,7 +629,7 @@ private:
         const bool isName = description.size() < 256 && description.size() > extension.size()
             && description.ends_with(extension) && description.find('/') == std::string_view::npos;
         const auto name = UTF16FromUTF8(isName ? description : "image" + extension);
-        const auto file = NSFileWrapper::initRegularFileWithContents(NSData{std::move(contents->bytes)});
+        auto file = NSFileWrapper::initRegularFileWithContents(NSData{std::move(contents->bytes)});
         file->setPreferredFilename(name);
         file->setFilename(name);
         return file;

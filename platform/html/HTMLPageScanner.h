@@ -35,7 +35,10 @@ public:
     std::string_view takeRawContent();
 
 private:
-    [[nodiscard]] char byteAt(std::size_t index) const { return index < m_page.size() ? m_page[index] : 0; }
+    [[nodiscard]] char byteAt(std::size_t index) const
+    {
+        return index < m_page.size() ? m_page[index] : '\0';
+    }
 
     bool skipDeclaration();
     Token readText();

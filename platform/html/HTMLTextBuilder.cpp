@@ -95,7 +95,7 @@ void HTMLTextBuilder::appendText(std::u16string_view text, const HTMLComputedSty
     }
 }
 
-void HTMLTextBuilder::appendVerbatim(std::u16string_view text, NSAttributes attributes,
+void HTMLTextBuilder::appendVerbatim(std::u16string_view text, const NSAttributes& attributes,
                                      const HTMLComputedStyle& style, const HTMLParagraphContext& context)
 {
     if (isFull())

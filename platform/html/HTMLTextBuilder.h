@@ -42,8 +42,8 @@ public:
     void appendText(std::u16string_view text, const HTMLComputedStyle& style, const HTMLTextMeaning& meaning,
                     const HTMLParagraphContext& context);
     /// Text that is kept as it is: markers, and the character of an attachment.
-    void appendVerbatim(std::u16string_view text, NSAttributes attributes, const HTMLComputedStyle& style,
-                        const HTMLParagraphContext& context);
+    void appendVerbatim(std::u16string_view text, const NSAttributes& attributes,
+                        const HTMLComputedStyle& style, const HTMLParagraphContext& context);
     void appendLineBreak(const HTMLComputedStyle& style, const HTMLParagraphContext& context);
     /// Ends the paragraph, if there is one, and notes the gap that an edge between blocks wants.
     void breakBlock(double marginAbove, double marginBelow);

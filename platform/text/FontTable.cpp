@@ -10,8 +10,9 @@ constexpr unsigned kBold = NSFontBoldTrait;
 constexpr unsigned kCondensed = NSFontCondensedTrait;
 constexpr unsigned kFixed = NSFontMonoSpaceTrait;
 
-// Ascender, descender, leading, cap height, x height, underline position and thickness, as the fonts' own
-// tables give them.
+// Ascender, descender, leading, cap height, x height, underline position and thickness, in parts of the
+// point size. Chosen close to the fonts, which are not at hand to measure: what counts is that they are the
+// same on every machine.
 constexpr FontMetrics kUsualMetrics{};
 constexpr FontMetrics kAndaleMonoMetrics{0.926, -0.217, 0, 0.716, 0.523, -0.1, 0.05};
 constexpr FontMetrics kArialMetrics{0.90527, -0.21191, 0.03271, 0.71582, 0.51855, -0.10596, 0.07324};

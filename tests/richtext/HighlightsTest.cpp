@@ -157,3 +157,18 @@ TEST(Highlights, OfOneTypeAreOnePassageWhateverElseChanges)
         NSAttributedString(u"passage", {{kHighlight, 1}, {kForeground, NSColor::redColor()}}));
     EXPECT_THAT(highlightedStrings(text), testing::ElementsAre(u"one passage"));
 }
+
+TEST(Highlights, ConvertManyRunsInOnePass)
+{
+    // 200,000 runs, every second one highlighted; anything but one pass would take minutes.
+    NSMutableAttributedString text(std::u16string(200'000, u'a'));
+    for (NSUInteger index = 0; index < text.length(); index += 2)
+        text.addAttribute(kHighlight, 1 + index / 2 % 5, {index, 1});
+    EXPECT_EQ(highlightedStrings(text).size(), 100'000U);
+    convertCorvelHighlightsToNSTextHighlights(text);
+    EXPECT_TRUE(highlightedStrings(text).empty());
+    EXPECT_EQ(text.attribute(kStyle, 199'998), NSAny(NSTextHighlightStyleDefault));
+    convertNSTextHighlightsToCorvelHighlights(text);
+    EXPECT_EQ(highlightedStrings(text).size(), 100'000U);
+    EXPECT_EQ(text.runCount(), 200'000U);
+}

@@ -84,8 +84,8 @@ TEST(NSFont, IsFoundByTheFaceOrTheSymbolicTraitsOfADescriptor)
     EXPECT_EQ(NSFont::fontWithDescriptor(*upright, 12)->fontName(), u"PingFangSC-Semibold");
 }
 
-// From the fonts' own tables: Helvetica 1577 and 471 of 2048 units, Menlo 1901 and 483 of 2048, Helvetica
-// Neue 952, 213 and 28 of 1000.
+// The units that the measures stand for: Helvetica 1577 and 471 of 2048 units, Menlo 1901 and 483 of 2048,
+// Helvetica Neue 952, 213 and 28 of 1000.
 TEST(NSFont, HasTheMeasuresOfThePlatformsFontsOnEveryMachine)
 {
     const auto helvetica = NSFont::fontWithName(u"Helvetica", 2048);
