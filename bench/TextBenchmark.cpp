@@ -2,6 +2,7 @@
 // and every operation over the whole text. Linear is a growth of 1.
 
 #include "colours/HighlightAttribute.h"
+#include "paragraphs/ParagraphStyles.h"
 #include "platform/foundation/NSKeyedArchiver.h"
 #include "platform/foundation/NSKeyedUnarchiver.h"
 #include "platform/text/NSAttributeNames.h"
@@ -12,7 +13,6 @@
 #include "platform/text/TextClasses.h"
 #include "richtext/DynamicColours.h"
 #include "richtext/Highlights.h"
-#include "richtext/ParagraphStyles.h"
 
 #include <fmt/format.h>
 

@@ -2,7 +2,7 @@
 
 #include "colours/HighlightAttribute.h"
 #include "platform/text/NSAttributeNames.h"
-#include "richtext/ParagraphStyles.h"
+#include "paragraphs/ParagraphStyles.h"
 #include "styles/CVLNoteTextStyle.h"
 
 #include <algorithm>

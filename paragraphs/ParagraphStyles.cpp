@@ -1,4 +1,4 @@
-#include "richtext/ParagraphStyles.h"
+#include "paragraphs/ParagraphStyles.h"
 
 #include "platform/text/ListNumerals.h"
 

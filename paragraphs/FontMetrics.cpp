@@ -1,4 +1,4 @@
-#include "richtext/FontMetrics.h"
+#include "paragraphs/FontMetrics.h"
 
 #include <cmath>
 
