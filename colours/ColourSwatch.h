@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/drawing/NSImage.h"
 #include "platform/foundation/NSGeometry.h"
 #include "platform/text/NSColor.h"
-#include "platform/text/NSImage.h"
 
 namespace CVLExtensions {
 
