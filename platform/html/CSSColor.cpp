@@ -126,3 +126,18 @@ std::optional<NSColorRGBA> colorFromCSS(std::string_view text)
     const auto named = namedCSSColor(lower);
     return named ? std::optional(opaqueColor(*named)) : std::nullopt;
 }
+
+NSColor::Ref nsColorFromCSS(std::string_view text)
+{
+    const auto color = colorFromCSS(text);
+    return color ? NSColor::colorWithSRGBRed(color->red, color->green, color->blue, color->alpha) : nullptr;
+}
+
+NSColor::Ref firstColorInCSS(std::string_view text)
+{
+    for (const auto word : cssWords(text)) {
+        if (auto color = nsColorFromCSS(word))
+            return color;
+    }
+    return nullptr;
+}

@@ -62,12 +62,9 @@ struct HTMLComputedStyle {
     bool isHidden = false;
     HTMLBox box;
 
+    /// A length of a style sheet in points, relative ones by the fonts of this style. None for what is none.
+    [[nodiscard]] std::optional<double> length(std::string_view text) const;
+
     /// The style of an element in one of this style, by declarations from the weakest to the strongest.
     [[nodiscard]] HTMLComputedStyle styleWith(const std::vector<const CSSDeclarations*>& cascade) const;
 };
-
-/// The rules by which pages look when they say nothing.
-[[nodiscard]] const HTMLStyleRules& defaultHTMLRules();
-
-/// What attributes of the tag other than `style` say of its style: `align`, `bgcolor`, the `font` element.
-[[nodiscard]] CSSDeclarations declarationsOfAttributes(const HTMLTag& tag);

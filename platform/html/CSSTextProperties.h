@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/html/HTMLComputedStyle.h"
+
+#include <string_view>
+
+/// Sets a property of the text of an element that stands in one of the style `parent`. False when the
+/// property is none of these; a value that cannot be read changes nothing. Values are in lower case.
+bool setTextProperty(std::string_view property, std::string_view value, const HTMLComputedStyle& parent,
+                     HTMLComputedStyle& style);
