@@ -3,29 +3,18 @@
 #include "platform/foundation/Unicode.h"
 #include "platform/html/CSSValues.h"
 #include "platform/html/CharacterReference.h"
-#include "platform/html/HTMLBlockBoxes.h"
-#include "platform/html/HTMLCascade.h"
-#include "platform/html/HTMLDefaultRules.h"
 #include "platform/html/HTMLElementKinds.h"
-#include "platform/html/HTMLHighlights.h"
 #include "platform/html/HTMLImageFiles.h"
-#include "platform/html/HTMLImpliedEnds.h"
-#include "platform/html/HTMLListReading.h"
-#include "platform/html/HTMLOpenElements.h"
 #include "platform/html/HTMLPageScanner.h"
-#include "platform/html/HTMLTableReading.h"
+#include "platform/html/HTMLStructureReader.h"
+#include "platform/html/HTMLStyleRules.h"
 #include "platform/html/HTMLURLs.h"
-#include "platform/text/NSAttributeNames.h"
-#include "platform/text/NSTextAttachment.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr std::size_t kNone = HTMLOpenElement::kNone;
 constexpr std::size_t kMostTitleUnits = 4096;
-constexpr std::u16string_view kRule = u"***";
 
 std::u16string collapsed(std::string_view text)
 {
@@ -38,36 +27,11 @@ std::u16string collapsed(std::string_view text)
     return words.substr(0, kMostTitleUnits);
 }
 
-/// Text that the text model gives a meaning of its own.
-std::u16string withoutControls(std::string_view text)
+bool isForScreens(std::string_view media)
 {
-    auto units = UTF16FromUTF8(text);
-    std::erase(units, NSAttachmentCharacter);
-    std::replace(units.begin(), units.end(), u'\u2029', u'\u2028');
-    return units;
-}
-
-bool hasAttribute(const HTMLTag& tag, std::string_view name)
-{
-    return std::any_of(tag.attributes.begin(), tag.attributes.end(),
-                       [name](const HTMLAttribute& attribute) { return attribute.name == name; });
-}
-
-HTMLOpenElement rootElement(const NSHTMLReadingOptions& options)
-{
-    HTMLOpenElement root;
-    root.style.family = options.fontFamily;
-    root.style.fontSize = options.fontSize;
-    root.style.rootFontSize = options.fontSize;
-    return root;
-}
-
-void setInlineBackground(HTMLOpenElement& element)
-{
-    if (element.name == "mark")
-        return; // The highlight stands for it.
-    if (element.style.box.background)
-        element.style.textBackground = element.style.box.background;
+    const auto lower = inASCIILowerCase(media);
+    return lower.empty() || lower.find("all") != std::string::npos
+        || lower.find("screen") != std::string::npos;
 }
 
 class DocumentReader {
@@ -75,8 +39,7 @@ public:
     DocumentReader(std::string_view page, const NSHTMLReadingOptions& options)
         : m_options(options)
         , m_scanner(page)
-        , m_builder(options.mostUnits)
-        , m_elements(rootElement(options))
+        , m_structure(options, m_rules)
     {
         if (options.baseURL)
             m_document.baseURL = options.baseURL->absoluteString();
@@ -84,356 +47,82 @@ public:
 
     HTMLDocument read()
     {
-        for (auto token = m_scanner.next(); token != HTMLPageScanner::Token::End && !m_builder.isFull();
+        for (auto token = m_scanner.next(); token != HTMLPageScanner::Token::End && !m_structure.isFull();
              token = m_scanner.next()) {
             if (token == HTMLPageScanner::Token::Text)
-                addText(m_scanner.text());
+                m_structure.addText(m_scanner.text());
             else if (token == HTMLPageScanner::Token::StartTag)
                 startElement(m_scanner.tag());
             else
-                endElement(m_scanner.tag().name);
+                m_structure.endElement(m_scanner.tag().name);
         }
-        popTo(1);
-        m_document.text = m_builder.finish();
+        m_document.text = m_structure.finish();
         return std::move(m_document);
     }
 
 private:
-    HTMLOpenElement& top() { return m_elements.top(); }
-
-    // Text.
-
-    void addText(std::string_view text)
-    {
-        auto& element = top();
-        if (element.isSuppressed || element.style.isHidden)
-            return;
-        const bool isBlank = text.find_first_not_of(" \t\n\r\f") == std::string_view::npos;
-        const bool isCollapsed = element.style.whiteSpace == HTMLWhiteSpace::Collapsed;
-        if (isBlank && isCollapsed && !m_builder.hasOpenParagraph())
-            return;
-        if (std::exchange(m_isAtPreformattedStart, false) && text.starts_with('\n'))
-            text.remove_prefix(1);
-        const auto units = withoutControls(text);
-        std::u16string_view rest(units);
-        if (!isBlank)
-            beginItem(rest);
-        m_builder.appendText(rest, element.style, element.meaning, contextHere());
-    }
-
-    /// How a paragraph is set that begins here: in its lists when it is the first of an item.
-    HTMLParagraphContext contextHere()
-    {
-        if (m_builder.hasOpenParagraph())
-            return {};
-        auto context = top().context;
-        context.listDepth = context.lists.size();
-        context.lists.clear();
-        return context;
-    }
-
-    /// Begins the paragraph of an item with its marker, unless that has been done. A box at the text's start
-    /// is taken for the marker of a checklist.
-    void beginItem(std::u16string_view& text)
-    {
-        if (m_builder.hasOpenParagraph() || top().item == kNone)
-            return;
-        auto& item = m_elements[top().item];
-        const auto box = boxAtStart(text);
-        if (box && item.awaitsMarker && beginCheckItem(item, *box, m_builder))
-            text.remove_prefix(2);
-        else
-            ::beginItem(item, m_builder);
-    }
-
-    // Elements.
-
     void startElement(const HTMLTag& tag)
     {
-        if (tag.name == "html" || tag.name == "body")
-            return styleRoot(tag);
-        if (tag.name == "head")
-            return;
-        if (isSkippedElement(tag.name) || tag.name == "textarea" || tag.name == "xmp")
-            return takeRawElement(tag);
-        if (isVoidElement(tag.name))
-            return addVoidElement(tag);
-        if (!top().isSuppressed)
-            closeImpliedElements(tag.name);
-        if (m_elements.size() >= m_options.mostNesting) {
-            ++m_unopened[tag.name];
-            return;
-        }
-        openElement(tag);
-        if (tag.isSelfClosing && top().isSuppressed)
-            popTo(m_elements.size() - 1);
+        if (tag.name == "html" || tag.name == "body") {
+            if (auto ground = m_structure.styleRoot(tag))
+                m_document.backgroundColor = std::move(ground);
+        } else if (isSkippedElement(tag.name) || tag.name == "textarea" || tag.name == "xmp")
+            takeRawElement(tag);
+        else if (isVoidElement(tag.name))
+            addVoidElement(tag);
+        else if (tag.name != "head")
+            m_structure.startElement(tag, m_document.baseURL);
     }
-
-    void styleRoot(const HTMLTag& tag)
-    {
-        if (m_elements.size() > 1)
-            return;
-        auto style = HTMLCascade::ofElement(tag, top().style, m_rules).style;
-        if (style.box.background)
-            m_document.backgroundColor = style.box.background;
-        style.box = {};
-        top().style = std::move(style);
-    }
-
-    void openElement(const HTMLTag& tag)
-    {
-        auto cascade = HTMLCascade::ofElement(tag, top().style, m_rules);
-        HTMLOpenElement element;
-        element.name = tag.name;
-        element.style = std::move(cascade.style);
-        element.meaning = top().meaning;
-        element.context = top().context;
-        element.item = top().item;
-        element.enclosingTable = top().enclosingTable;
-        element.isBlock = element.style.box.display == HTMLDisplay::Block;
-        element.isSuppressed = top().isSuppressed || element.style.box.display == HTMLDisplay::None
-            || hasAttribute(tag, "hidden");
-        if (!element.isSuppressed) {
-            setMeaning(element, tag);
-            if (element.isBlock)
-                openBlock(element, tag, cascade.hasOwnMargin);
-            else
-                setInlineBackground(element);
-        }
-        m_elements.push(std::move(element));
-    }
-
-    void setMeaning(HTMLOpenElement& element, const HTMLTag& tag) const
-    {
-        if (tag.name == "a") {
-            const auto target = resolvedURL(tag.attribute("href"), m_document.baseURL);
-            if (!target.empty() && !inASCIILowerCase(target.substr(0, 11)).starts_with("javascript:"))
-                element.meaning.link = UTF16FromUTF8(target);
-        }
-        if (tag.name == "mark")
-            element.meaning.highlight = highlightColorSchemeOfClass(
-                cssWords(tag.attribute("class")).empty() ? std::string_view()
-                                                         : cssWords(tag.attribute("class")).front());
-        if (const auto title = tag.attribute("title"); !title.empty() && !element.isBlock)
-            element.meaning.toolTip = UTF16FromUTF8(title);
-        if (tag.name.size() == 2 && tag.name[0] == 'h' && tag.name[1] >= '1' && tag.name[1] <= '6')
-            element.context.headerLevel = tag.name[1] - '0';
-    }
-
-    void openBlock(HTMLOpenElement& element, const HTMLTag& tag, bool hasOwnMargin)
-    {
-        const auto& box = element.style.box;
-        const bool isPartOfTable = tag.name == "table" || isTablePart(tag.name);
-        const bool isNestedList = isListElement(tag.name) && !element.context.lists.empty();
-        // A margin that the page does not ask for is none at its start, nor around a list in a list.
-        const bool isMarginDropped = !hasOwnMargin && (isNestedList || m_builder.isEmpty());
-        const bool isBoxed = (box.background || box.hasBorder()) && !isPartOfTable && tag.name != "hr";
-        const auto marginAbove = isMarginDropped || isBoxed || isPartOfTable ? 0 : box.margin[1];
-        element.marginBelow = (isNestedList && !hasOwnMargin) || isBoxed ? 0 : box.margin[3];
-        m_builder.breakBlock(marginAbove, 0);
-        if (isPartOfTable)
-            return openPartOfTable(element, tag);
-        if (isBoxed)
-            openBoxedBlock(element);
-        else if (!isListElement(tag.name))
-            indentBlock(element);
-        if (isListElement(tag.name))
-            openList(element, tag);
-        else if (tag.name == "li" && top().list)
-            openItem(element, tag, top().list, m_elements.size());
-        m_isAtPreformattedStart = tag.name == "pre" || tag.name == "listing";
-    }
-
-    void openPartOfTable(HTMLOpenElement& element, const HTMLTag& tag)
-    {
-        if (tag.name == "table")
-            return openTable(element, tag, m_elements.size());
-        if (element.enclosingTable == kNone)
-            return;
-        const auto& table = m_elements[element.enclosingTable];
-        element.startLength = m_builder.length();
-        if (isCellElement(tag.name))
-            openCell(element, tag, table);
-        else if (tag.name == "tr")
-            openRow(element, *table.table);
-    }
-
-    // What holds no elements.
 
     void takeRawElement(const HTMLTag& tag)
     {
         // The tag goes away with the content's own end tag.
         const auto start = tag;
         const auto content = m_scanner.takeRawContent();
-        if (top().isSuppressed)
+        if (m_structure.isSuppressed())
             return;
-        if (start.name == "style")
-            addSheet(start, content);
+        if (start.name == "style" && isForScreens(start.attribute("media")))
+            m_rules.addSheet(content);
         else if (start.name == "title" && m_document.title.empty())
             m_document.title = collapsed(decodedCharacterReferences(content));
-        else if (start.name == "textarea" || start.name == "xmp")
-            addRawText(start, content);
-    }
-
-    void addSheet(const HTMLTag& tag, std::string_view content)
-    {
-        const auto media = inASCIILowerCase(tag.attribute("media"));
-        if (media.empty() || media.find("all") != std::string::npos
-            || media.find("screen") != std::string::npos)
-            m_rules.addSheet(content);
-    }
-
-    void addRawText(const HTMLTag& tag, std::string_view content)
-    {
-        closeImpliedElements(tag.name);
-        if (m_elements.size() >= m_options.mostNesting)
-            return addText(content);
-        openElement(tag);
-        addText(tag.name == "xmp" ? std::string(content) : decodedCharacterReferences(content));
-        popTo(m_elements.size() - 1);
+        else if (start.name == "textarea")
+            m_structure.addElement(start, decodedCharacterReferences(content), m_document.baseURL);
+        else if (start.name == "xmp")
+            m_structure.addElement(start, content, m_document.baseURL);
     }
 
     void addVoidElement(const HTMLTag& tag)
     {
-        if (tag.name == "base" && !m_hasBase && !tag.attribute("href").empty()) {
-            m_hasBase = true;
-            m_document.baseURL = resolvedURL(tag.attribute("href"), m_document.baseURL);
-        }
-        if (top().isSuppressed || top().style.isHidden)
+        if (tag.name == "base")
+            takeBase(tag.attribute("href"));
+        if (m_structure.isHidden())
             return;
         if (tag.name == "br")
-            addLineBreak();
+            m_structure.addLineBreak();
         else if (tag.name == "hr")
-            addRule(tag);
+            m_structure.addRule();
         else if (tag.name == "img")
-            addImage(tag.attribute("src"), tag.attribute("alt"));
+            m_structure.addImage(
+                fileOfImage(tag.attribute("src"), tag.attribute("alt"), m_options, m_document.baseURL),
+                tag.attribute("alt"));
         else if (tag.name == "input" && inASCIILowerCase(tag.attribute("type")) == "checkbox")
-            addBox(tag);
+            m_structure.addBox(tag.hasAttribute("checked"));
     }
 
-    void addLineBreak()
+    /// Only the first base of a page counts.
+    void takeBase(std::string_view target)
     {
-        std::u16string_view none;
-        beginItem(none);
-        m_builder.appendLineBreak(top().style, contextHere());
-    }
-
-    void addRule(const HTMLTag& tag)
-    {
-        closeImpliedElements(tag.name);
-        m_builder.breakBlock(0, 0);
-        auto style = top().style;
-        style.alignment = NSTextAlignment::Center;
-        m_builder.appendVerbatim(kRule, m_builder.attributesFor(style, {}), style, contextHere());
-        m_builder.breakBlock(0, 0);
-    }
-
-    void addBox(const HTMLTag& tag)
-    {
-        const bool isChecked = hasAttribute(tag, "checked");
-        const bool isMarker
-            = !m_builder.hasOpenParagraph() && top().item != kNone && m_elements[top().item].awaitsMarker;
-        if (isMarker && beginCheckItem(m_elements[top().item], isChecked, m_builder))
+        if (target.empty() || std::exchange(m_hasBase, true))
             return;
-        addText(isChecked ? "\u2611 " : "\u2610 ");
-    }
-
-    bool addImage(std::string_view source, std::string_view description)
-    {
-        const auto file = fileOfImage(source, description, m_options, m_document.baseURL);
-        if (!file) {
-            addText(description);
-            return false;
-        }
-        std::u16string_view none;
-        beginItem(none);
-        auto attributes = m_builder.attributesFor(top().style, top().meaning);
-        attributes.insert_or_assign(std::u16string(NSAttachmentAttributeName),
-                                    NSAny(NSTextAttachment::initWithFileWrapper(file)));
-        m_builder.appendVerbatim({&NSAttachmentCharacter, 1}, std::move(attributes), top().style,
-                                 contextHere());
-        return true;
-    }
-
-    // Ends.
-
-    /// Closes what a start tag closes by itself.
-    void closeImpliedElements(std::string_view name)
-    {
-        if (const auto place = elementEndedByStart(name, m_elements); place != kNone)
-            popTo(place);
-        if (!isTablePart(name) && isBlockElement(name))
-            closeParagraph();
-    }
-
-    /// Closes the paragraph that is open, and opens the formatting again that was open in it.
-    void closeParagraph()
-    {
-        const auto place = openParagraph(m_elements);
-        if (place == kNone)
-            return;
-        auto reopened = m_elements.formattingWithin(place);
-        popTo(place);
-        for (auto& element : reopened) {
-            element.context = top().context;
-            element.item = top().item;
-            element.enclosingTable = top().enclosingTable;
-            m_elements.push(std::move(element));
-        }
-    }
-
-    void endElement(const std::string& name)
-    {
-        if (name == "br")
-            return addLineBreak();
-        if (const auto unopened = m_unopened.find(name);
-            unopened != m_unopened.end() && unopened->second > 0) {
-            --unopened->second;
-            return;
-        }
-        const auto place = elementEndedByEnd(name, m_elements);
-        if (place == kNone)
-            return;
-        const bool isFormatting = name == "a" || isFormattingElement(name);
-        if (isFormatting && m_elements.holdsBlock(place))
-            m_elements.endFormatting(place);
-        else
-            popTo(place);
-    }
-
-    /// Ends the elements from this one on, from the inside.
-    void popTo(std::size_t place)
-    {
-        while (m_elements.size() > place) {
-            finishElement();
-            m_elements.pop();
-        }
-    }
-
-    void finishElement()
-    {
-        const auto& element = top();
-        if (element.isSuppressed || !element.isBlock)
-            return;
-        const bool isEmptyCell = isCellElement(element.name) && element.enclosingTable != kNone
-            && !m_builder.hasOpenParagraph() && m_builder.length() == element.startLength;
-        if (isEmptyCell)
-            m_builder.appendEmptyParagraph(element.style, element.context);
-        m_builder.breakBlock(0, element.marginBelow);
-        if (element.table)
-            element.table->table->setNumberOfColumns(element.table->grid.columnCount());
+        m_document.baseURL = resolvedURL(target, m_document.baseURL);
     }
 
     const NSHTMLReadingOptions& m_options;
     HTMLPageScanner m_scanner;
-    HTMLTextBuilder m_builder;
     HTMLStyleRules m_rules;
+    HTMLStructureReader m_structure;
     HTMLDocument m_document;
-    HTMLOpenElements m_elements;
-    /// How many elements of a name were not opened for being too deep.
-    std::unordered_map<std::string, std::size_t> m_unopened;
     bool m_hasBase = false;
-    bool m_isAtPreformattedStart = false;
 };
 
 } // namespace

@@ -56,10 +56,13 @@ void appendName(std::string& name, std::string_view text)
 
 std::string_view HTMLTag::attribute(std::string_view attributeName) const
 {
-    const auto found
-        = std::find_if(attributes.begin(), attributes.end(),
-                       [&](const HTMLAttribute& attribute) { return attribute.name == attributeName; });
+    const auto found = std::ranges::find(attributes, attributeName, &HTMLAttribute::name);
     return found == attributes.end() ? std::string_view() : found->value;
+}
+
+bool HTMLTag::hasAttribute(std::string_view attributeName) const
+{
+    return std::ranges::find(attributes, attributeName, &HTMLAttribute::name) != attributes.end();
 }
 
 void HTMLTokenizer::append(std::string_view text)

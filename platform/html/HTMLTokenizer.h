@@ -21,6 +21,7 @@ struct HTMLTag {
 
     /// The value of an attribute; empty when there is none.
     [[nodiscard]] std::string_view attribute(std::string_view attributeName) const;
+    [[nodiscard]] bool hasAttribute(std::string_view attributeName) const;
 };
 
 /// Who wants to know what a page holds. Texts may come in pieces, which end between characters.
