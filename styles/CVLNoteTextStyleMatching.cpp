@@ -1,8 +1,8 @@
 // How a style is recognised in text and given to it.
 
 #include "colours/HighlightAttribute.h"
-#include "platform/text/NSAttributeNames.h"
 #include "paragraphs/ParagraphStyles.h"
+#include "platform/text/NSAttributeNames.h"
 #include "styles/CVLNoteTextStyle.h"
 
 #include <algorithm>
