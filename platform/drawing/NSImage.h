@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 /// An image: its size in points, and either pixels (a bitmap) or a drawing, which is made anew wherever the
@@ -25,6 +26,12 @@ public:
     /// An image that is drawn by the handler, which must work as long as the image lives, on every thread
     /// that draws it. Null without a handler or when a side is not a positive number.
     [[nodiscard]] static Ref imageWithSize(NSSize size, Flipped flipped, Drawing drawingHandler);
+
+    /// A symbol of the system, drawn in the palette's colours: SystemSymbols.h lists them with what the
+    /// colours are for. A colour that is missing or null leaves its part out. Null when there is none of the
+    /// name.
+    [[nodiscard]] static Ref imageWithSystemSymbolName(std::u16string_view name,
+                                                       const std::vector<NSColor::Ref>& paletteColors);
 
     /// Another object with the same size, and the same pixels or drawing.
     [[nodiscard]] Ref copy() const;
