@@ -6,6 +6,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace {
 
@@ -39,6 +40,17 @@ std::u16string pair(double first, double second)
 }
 
 } // namespace
+
+NSRect NSIntegralRect(NSRect rect)
+{
+    if (!(rect.size.width > 0) || !(rect.size.height > 0))
+        return {};
+    const auto left = std::floor(rect.origin.x);
+    const auto bottom = std::floor(rect.origin.y);
+    return {{left, bottom},
+            {std::ceil(rect.origin.x + rect.size.width) - left,
+             std::ceil(rect.origin.y + rect.size.height) - bottom}};
+}
 
 std::u16string NSStringFromPoint(NSPoint point)
 {

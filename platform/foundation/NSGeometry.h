@@ -56,6 +56,17 @@ struct NSEdgeInsets {
     return {{rect.origin.x + dx, rect.origin.y + dy}, {rect.size.width - 2 * dx, rect.size.height - 2 * dy}};
 }
 
+/// The smallest rectangle of whole numbers that holds the rectangle; empty for one without width or height.
+[[nodiscard]] NSRect NSIntegralRect(NSRect rect);
+
+/// Whether the point lies in the rectangle. Of its edges the two at the origin belong to it, in either
+/// direction of the y axis.
+[[nodiscard]] constexpr bool NSPointInRect(NSPoint point, NSRect rect)
+{
+    return point.x >= rect.origin.x && point.x < rect.origin.x + rect.size.width && point.y >= rect.origin.y
+        && point.y < rect.origin.y + rect.size.height;
+}
+
 /// The platform's textual forms: "{1, 2.5}" and "{{1, 2}, {3, 4}}". Each number has the fewest digits that
 /// give it back.
 [[nodiscard]] std::u16string NSStringFromPoint(NSPoint point);
