@@ -83,6 +83,8 @@ public:
 
     [[nodiscard]] static Ref secondaryLabelColor() { return systemColorNamed(u"secondaryLabelColor"); }
 
+    [[nodiscard]] static Ref tertiaryLabelColor() { return systemColorNamed(u"tertiaryLabelColor"); }
+
     [[nodiscard]] static Ref textBackgroundColor() { return systemColorNamed(u"textBackgroundColor"); }
 
     [[nodiscard]] static Ref controlTextColor() { return systemColorNamed(u"controlTextColor"); }

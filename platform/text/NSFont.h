@@ -21,6 +21,9 @@ public:
     /// The size of a font that was asked for without one.
     static constexpr double kDefaultSize = 12.0;
 
+    /// The size of the system font in small controls and beneath icons.
+    [[nodiscard]] static constexpr double smallSystemFontSize() { return 11.0; }
+
     /// The font of exactly that PostScript name, "HelveticaNeue-Bold"; null when there is no such face. A
     /// size that is not a positive number means kDefaultSize.
     [[nodiscard]] static Ref fontWithName(std::u16string_view postScriptName, double size);
