@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// The colour as a style sheet has it: "#rrggbb", or "rgba(255,0,0,.5)" when it is not opaque.
+/// The colour as a style sheet has it: "#rrggbb", or "rgba(255,0,0,0.5)" when it is not opaque.
 [[nodiscard]] std::string cssColor(const NSColorRGBA& color);
 
 /// A colour of a style sheet or of an attribute such as `bgcolor`: a name, three to eight hexadecimal digits
