@@ -1,0 +1,154 @@
+#include "richtext/AttachmentTagRewriting.h"
+
+#include "platform/foundation/Unicode.h"
+#include "platform/html/HTMLAttachmentTags.h"
+#include "platform/types/UTType.h"
+#include "tests/richtext/Attachments.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+
+namespace {
+
+struct TestFile {
+    std::u16string name;
+    std::u16string_view type;
+};
+
+AttachmentsByName attachmentsOf(const std::vector<TestFile>& files)
+{
+    AttachmentsByName attachments;
+    for (const auto& file : files) {
+        const auto wrapper = makeFile(u"x", "abc");
+        wrapper->setPreferredFilename(u"x." + std::u16string(file.type));
+        attachments.insert_or_assign(file.name, NSTextAttachment::initWithFileWrapper(wrapper));
+    }
+    return attachments;
+}
+
+/// One name after the other, every occurrence of its tag.
+std::string expected(std::string html, const AttachmentsByName& attachments)
+{
+    for (const auto& [name, attachment] : attachments) {
+        const auto type = UTType::typeWithIdentifier(UTF8FromUTF16(*attachment->fileType()));
+        const bool isImage = type->conformsToType(kUTTypeImage);
+        const auto tag
+            = isImage || type->conformsToType(kUTTypePDF) ? htmlImageTag(name) : htmlObjectTag(name);
+        const auto replacement = isImage ? "<img style=\"max-width: 100%\" src=\"data:"
+                + *type->preferredMIMEType() + ";base64,YWJj\" alt=\"" + UTF8FromUTF16(name) + "\">"
+                                         : "";
+        for (auto place = html.find(tag); place != std::string::npos;
+             place = html.find(tag, place + replacement.size()))
+            html.replace(place, tag.size(), replacement);
+    }
+    return html;
+}
+
+std::string tagOf(const TestFile& file)
+{
+    return file.type == u"zip" ? htmlObjectTag(file.name) : htmlImageTag(file.name);
+}
+
+} // namespace
+
+TEST(AttachmentTagRewriting, PutsImagesIntoTheirTags)
+{
+    EXPECT_EQ(htmlByRewritingAttachmentTags(R"(<p>1<img src="file:///a%20b.png" alt="a b.png">2</p>)",
+                                            attachmentsOf({{u"a b.png", u"png"}})),
+              R"(<p>1<img style="max-width: 100%" src="data:image/png;base64,YWJj" alt="a b.png">2</p>)");
+}
+
+TEST(AttachmentTagRewriting, TakesTheTagsOfOtherFilesAway)
+{
+    EXPECT_EQ(htmlByRewritingAttachmentTags(
+                  R"(1<img src="file:///r.pdf" alt="r.pdf">2<object data="file:///z">z</object>3)",
+                  attachmentsOf({{u"r.pdf", u"pdf"}, {u"z", u"zip"}})),
+              "123");
+}
+
+TEST(AttachmentTagRewriting, TakesEveryTagOfAName)
+{
+    const auto tag = htmlObjectTag(u"z");
+    EXPECT_EQ(htmlByRewritingAttachmentTags(tag + "1" + tag + tag, attachmentsOf({{u"z", u"zip"}})), "1");
+}
+
+TEST(AttachmentTagRewriting, LeavesTagsThatAreSpelledOtherwise)
+{
+    for (const std::string html :
+         {R"(<img src="file:///z" alt="z">)", R"(<object data="file:///z">y</object>)",
+          R"(<object data="file:///z"></object>)", R"(<object data="file:///z)",
+          R"(<object data="file:///z")", R"(<OBJECT data="file:///z">z</OBJECT>)",
+          R"(<object  data="file:///z">z</object>)", "<"})
+        EXPECT_EQ(htmlByRewritingAttachmentTags(html, attachmentsOf({{u"z", u"zip"}})), html);
+}
+
+TEST(AttachmentTagRewriting, LeavesFilesWithoutATypeAlone)
+{
+    const auto file = makeFile(u"z");
+    file->setPreferredFilename(std::nullopt);
+    const auto tag = htmlObjectTag(u"z");
+    EXPECT_EQ(htmlByRewritingAttachmentTags(tag, {{u"z", NSTextAttachment::initWithFileWrapper(file)}}), tag);
+}
+
+TEST(AttachmentTagRewriting, GivesAFolderThatIsCalledAnImageNoData)
+{
+    const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
+    folder->setPreferredFilename(u"x.png");
+    EXPECT_EQ(htmlByRewritingAttachmentTags(htmlImageTag(u"x.png"),
+                                            {{u"x.png", NSTextAttachment::initWithFileWrapper(folder)}}),
+              R"(<img style="max-width: 100%" src="data:image/png;base64," alt="x.png">)");
+}
+
+TEST(AttachmentTagRewriting, FindsATagWithinTheTagOfAnotherFile)
+{
+    // A name of markup: the inner tag's name comes first in order, so the outer tag is no longer as it was.
+    const std::u16string outer = u"x<object data=\"file:///a\">a</object>";
+    const auto html = htmlObjectTag(outer);
+    const auto attachments = attachmentsOf({{u"a", u"zip"}, {outer, u"zip"}});
+    EXPECT_EQ(htmlByRewritingAttachmentTags(html, attachments), expected(html, attachments));
+    EXPECT_NE(htmlByRewritingAttachmentTags(html, attachments), "");
+}
+
+TEST(AttachmentTagRewriting, FindsATagThatAnImagesNameHolds)
+{
+    const std::u16string outer = u"A<object data=\"file:///a\">a</object>";
+    const auto html = htmlImageTag(outer);
+    const auto attachments = attachmentsOf({{outer, u"png"}, {u"a", u"zip"}});
+    EXPECT_EQ(htmlByRewritingAttachmentTags(html, attachments),
+              R"(<img style="max-width: 100%" src="data:image/png;base64,YWJj" alt="A">)");
+}
+
+TEST(AttachmentTagRewriting, GivesWhatReplacingNameAfterNameGives)
+{
+    std::mt19937 random(31);
+    const auto pick = [&random](const auto& values) -> const auto&
+    {
+        return values[random() % values.size()];
+    };
+    const std::vector<std::u16string> pieces{
+        u"a", u"b", u" ", u"\"", u">", u"<", u"\" alt=\"", u"</object>", u"<object data=\"file://"};
+    std::vector<std::u16string> allPieces = pieces;
+    allPieces.insert(allPieces.end(), {u"<img src=\"file:///", u"<object data=\"file:///a"});
+    const std::array<std::u16string_view, 3> types{u"png", u"pdf", u"zip"};
+    for (int round = 0; round < 4000; ++round) {
+        // In most rounds no name holds what begins a tag.
+        const bool holdTags = round % 4 == 0;
+        const auto& nameParts = holdTags ? allPieces : pieces;
+        std::vector<TestFile> files;
+        for (auto count = 1 + random() % 4; count > 0; --count) {
+            TestFile file{u"", pick(types)};
+            for (auto left = 1 + random() % 3; left > 0; --left)
+                file.name += holdTags && random() % 3 == 0 && !files.empty()
+                    ? UTF16FromUTF8(tagOf(files.back()))
+                    : pick(nameParts);
+            files.push_back(file);
+        }
+        std::string html;
+        for (auto left = random() % 8; left > 0; --left)
+            html += random() % 2 == 0 ? tagOf(pick(files)) : UTF8FromUTF16(pick(pieces));
+        const auto attachments = attachmentsOf(files);
+        ASSERT_EQ(htmlByRewritingAttachmentTags(html, attachments), expected(html, attachments)) << html;
+    }
+}
