@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/drawing/PangoHandles.h"
+#include "platform/text/NSAppearance.h"
+#include "platform/text/NSAttributedString.h"
+#include "platform/text/NSFont.h"
+
+#include <string>
+
+/// Text as Pango takes it.
+struct PangoText {
+    /// UTF-8 without NULs.
+    std::string characters;
+    /// Over bytes of `characters`.
+    AttributeList attributes;
+};
+
+/// The characters and the attributes of a piece of text. What is no character (unpaired surrogates, NUL) is
+/// U+FFFD; attachments leave no ink and take no room; behind a thousand tabs, more of them are spaces.
+/// Colours are as in the appearance.
+[[nodiscard]] PangoText pangoText(const NSAttributedString& text, NSRange range, NSAppearance appearance);
+
+/// The font of text that has none: the platform's, Helvetica of 12 points.
+[[nodiscard]] NSFont::Ref fontOfAttributes(const NSAttributes& attributes);
