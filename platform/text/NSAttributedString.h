@@ -104,6 +104,7 @@ public:
     [[nodiscard]] NSUInteger runCount() const;
 
 protected:
+    friend class NSAttributedStringBuilder;
     friend class NSAttributedStringObject;
 
     [[nodiscard]] NSRange clamped(NSRange range) const;
