@@ -31,13 +31,13 @@ NSBezierPath checkmark()
     return mark;
 }
 
-std::vector<SymbolPart> checkmarkCircleFill()
+SymbolParts checkmarkCircleFill()
 {
     return {{SymbolPart::Ink::Fill, NSBezierPath::bezierPathWithOvalInRect(disc()), 1},
             {SymbolPart::Ink::Stroke, checkmark(), 0}};
 }
 
-std::vector<SymbolPart> circle()
+SymbolParts circle()
 {
     auto ring = NSBezierPath::bezierPathWithOvalInRect(NSInsetRect(disc(), kRingWidth / 2, kRingWidth / 2));
     ring.setLineWidth(kRingWidth);
@@ -46,7 +46,7 @@ std::vector<SymbolPart> circle()
 
 struct Symbol {
     std::u16string_view name;
-    std::vector<SymbolPart> (*parts)();
+    SymbolParts (*parts)();
 };
 
 constexpr std::array kSymbols{
@@ -56,11 +56,11 @@ constexpr std::array kSymbols{
 
 } // namespace
 
-std::vector<SymbolPart> systemSymbolParts(std::u16string_view name)
+SymbolParts systemSymbolParts(std::u16string_view name)
 {
     const auto* symbol = std::find_if(kSymbols.begin(), kSymbols.end(),
                                       [&](const Symbol& candidate) { return candidate.name == name; });
-    return symbol == kSymbols.end() ? std::vector<SymbolPart>{} : symbol->parts();
+    return symbol == kSymbols.end() ? SymbolParts{} : symbol->parts();
 }
 
 NSImage::Ref NSImage::imageWithSystemSymbolName(std::u16string_view name,
@@ -71,13 +71,6 @@ NSImage::Ref NSImage::imageWithSystemSymbolName(std::u16string_view name,
         return nullptr;
     return imageWithSize({kSide, kSide}, Flipped::No,
                          [parts = std::move(parts), paletteColors](NSGraphicsContext& context) {
-                             for (const auto& [ink, path, index] : parts) {
-                                 if (index >= paletteColors.size() || !paletteColors[index])
-                                     continue;
-                                 if (ink == SymbolPart::Ink::Fill)
-                                     context.fillPath(path, *paletteColors[index]);
-                                 else
-                                     context.strokePath(path, *paletteColors[index]);
-                             }
+                             drawSymbolParts(parts, paletteColors, context);
                          });
 }
