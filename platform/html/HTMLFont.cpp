@@ -16,6 +16,9 @@
 
 namespace {
 
+/// The font of a page's body only decides how short the page is, for which its beginning says enough.
+constexpr std::size_t kMostRunsAsked = 4096;
+
 /// By the font manager's weight, from 0.
 constexpr std::array<int, 16> kWeights{100, 100, 100, 200, 300, 400, 500, 500,
                                        600, 700, 800, 800, 900, 900, 900, 900};
@@ -95,11 +98,13 @@ std::string HTMLFont::shorthand() const
 std::optional<HTMLFont> mostUsedFont(const NSAttributedString& text, NSRange range)
 {
     std::map<HTMLFont, NSUInteger> lengths;
-    text.enumerateAttribute(NSFontAttributeName, range, {},
-                            [&lengths](const NSAny& value, NSRange run, bool& /*stop*/) {
-                                if (const auto font = value.object<NSFont>())
-                                    lengths[HTMLFont::fontOf(*font)] += run.length;
-                            });
+    std::size_t count = 0;
+    const auto add = [&](const NSAny& value, NSRange run, bool& stop) {
+        if (const auto font = value.object<NSFont>())
+            lengths[HTMLFont::fontOf(*font)] += run.length;
+        stop = ++count == kMostRunsAsked;
+    };
+    text.enumerateAttribute(NSFontAttributeName, range, {.longestEffectiveRangeNotRequired = true}, add);
     const auto longest
         = std::max_element(lengths.begin(), lengths.end(),
                            [](const auto& one, const auto& other) { return one.second < other.second; });

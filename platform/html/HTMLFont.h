@@ -41,7 +41,7 @@ struct HTMLBaseStyle {
     NSColor::Ref color;
 };
 
-/// The font that most characters of the range have; none when no character has one.
+/// The font that most characters of the range have, by its first 4,096 runs; none when none of them has one.
 [[nodiscard]] std::optional<HTMLFont> mostUsedFont(const NSAttributedString& text, NSRange range);
 
 /// The text colour that most characters of the range have; null when some have none, or one that they would
