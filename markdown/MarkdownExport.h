@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/text/NSAttributedString.h"
+
+#include <string>
+
+/// A text as Markdown of the kind that attributedStringWithMarkdown reads back: headings, lists in lists,
+/// boxes to tick, quotes (blocks that are no cells), code, rules, strong, emphasised, struck and highlighted
+/// text, and links. An attachment is an image or a link by its file's name. Beside that, tables become rows
+/// of cells between bars, the first of them their head. What Markdown has no form for is left out: sizes,
+/// colours, alignment. Ends with a line end unless it is empty. Linear in the text.
+[[nodiscard]] std::u16string markdownWithAttributedString(const NSAttributedString& text);

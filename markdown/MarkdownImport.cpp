@@ -1,0 +1,247 @@
+#include "markdown/MarkdownImport.h"
+
+#include "markdown/MarkdownBlocks.h"
+#include "markdown/MarkdownSpans.h"
+#include "platform/foundation/NSURL.h"
+#include "platform/foundation/Unicode.h"
+#include "platform/text/NSAttributeNames.h"
+#include "platform/text/NSColor.h"
+#include "platform/text/NSFontManager.h"
+#include "platform/text/NSParagraphStyle.h"
+#include "platform/text/NSTextAttachment.h"
+#include "platform/text/NSTextBlock.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+
+namespace {
+
+constexpr double kListIndent = 36;
+constexpr double kMarkerIndent = 11;
+constexpr double kQuoteLine = 3;
+constexpr double kQuotePadding = 10;
+constexpr std::u16string_view kRule = u"***";
+constexpr std::array<double, 7> kSizeOfLevel{1, 2, 1.5, 1.25, 1.1, 1, 1};
+
+class Importer {
+public:
+    explicit Importer(const MarkdownImportOptions& options)
+        : m_options(options)
+    {
+    }
+
+    void add(const MarkdownBlock& block)
+    {
+        takeLists(block);
+        takeQuotes(block.quoteDepth);
+        NSAttributes attributes{{std::u16string(NSParagraphStyleAttributeName), styleOf(block)}};
+        if (m_text.length() > 0)
+            append(u"\n", m_lastAttributes);
+        addMarker(block, attributes);
+        if (block.kind == MarkdownBlock::Kind::Code)
+            addCode(block, attributes);
+        else if (block.kind == MarkdownBlock::Kind::Rule)
+            append(kRule, withFont(attributes, font({}, 0)));
+        else
+            addSpans(block, attributes);
+        m_lastAttributes = withFont(attributes, font({}, block.level));
+        m_last = block;
+        m_last->text.clear();
+    }
+
+    [[nodiscard]] NSAttributedString text() const { return m_text; }
+
+private:
+    struct OpenList {
+        std::size_t identifier = 0;
+        NSTextList::Ref list;
+        NSTextList::Ref checked;
+        NSTextList::Ref open;
+    };
+
+    void append(std::u16string_view text, const NSAttributes& attributes)
+    {
+        m_text.appendAttributedString(NSAttributedString(std::u16string(text), attributes));
+    }
+
+    // Paragraphs.
+
+    void takeLists(const MarkdownBlock& block)
+    {
+        std::size_t common = 0;
+        while (common < m_lists.size() && common < block.lists.size()
+               && m_lists[common].identifier == block.lists[common].identifier)
+            ++common;
+        m_lists.resize(common);
+        for (auto depth = common; depth < block.lists.size(); ++depth)
+            m_lists.push_back(
+                {block.lists[depth].identifier, listOf(block.lists[depth], depth), nullptr, nullptr});
+    }
+
+    static NSTextList::Ref listOf(const MarkdownList& list, std::size_t depth)
+    {
+        if (list.isOrdered)
+            return std::make_shared<NSTextList>(std::u16string(NSTextListMarkerDecimal) + u".", 0,
+                                                list.start);
+        constexpr std::array<std::u16string_view, 3> kFormats{NSTextListMarkerDisc, NSTextListMarkerHyphen,
+                                                              NSTextListMarkerSquare};
+        return std::make_shared<NSTextList>(kFormats.at(std::min<std::size_t>(depth, kFormats.size() - 1)));
+    }
+
+    void takeQuotes(std::size_t depth)
+    {
+        m_quotes.resize(std::min(depth, m_quotes.size()));
+        while (m_quotes.size() < depth) {
+            const auto block = std::make_shared<NSTextBlock>();
+            block->setWidth({kQuoteLine, NSTextBlockValueType::Absolute}, NSTextBlockLayer::Border,
+                            NSRectEdge::MinX);
+            block->setWidth({kQuotePadding, NSTextBlockValueType::Absolute}, NSTextBlockLayer::Padding,
+                            NSRectEdge::MinX);
+            block->setBorderColor(NSColor::lightGrayColor(), NSRectEdge::MinX);
+            m_quotes.push_back(block);
+        }
+    }
+
+    NSParagraphStyle::Ref styleOf(const MarkdownBlock& block)
+    {
+        NSMutableParagraphStyle style;
+        style.setHeaderLevel(block.level);
+        style.setTextBlocks(m_quotes);
+        if (block.kind == MarkdownBlock::Kind::Rule)
+            style.setAlignment(NSTextAlignment::Center);
+        const bool isNextItem = m_last && block.beginsItem && !m_last->lists.empty();
+        if (m_last && !isNextItem)
+            style.setParagraphSpacingBefore(m_options.font->pointSize());
+        const auto head = kListIndent * static_cast<double>(m_lists.size());
+        style.setHeadIndent(head);
+        style.setFirstLineHeadIndent(head);
+        if (block.beginsItem)
+            setItem(style, block, head);
+        return style.copy();
+    }
+
+    void setItem(NSMutableParagraphStyle& style, const MarkdownBlock& block, double head)
+    {
+        NSParagraphStyle::TextLists lists;
+        for (const auto& open : m_lists)
+            lists.push_back(open.list);
+        if (block.isTicked)
+            lists.back() = checklist(m_lists.back(), *block.isTicked);
+        style.setTextLists(std::move(lists));
+        style.setFirstLineHeadIndent(head - kListIndent);
+        style.setTabStops(
+            {std::make_shared<const NSTextTab>(NSTextAlignment::Left, head - kListIndent + kMarkerIndent),
+             std::make_shared<const NSTextTab>(NSTextAlignment::Natural, head)});
+        style.setDefaultTabInterval(kListIndent);
+    }
+
+    static NSTextList::Ref checklist(OpenList& open, bool isTicked)
+    {
+        auto& list = isTicked ? open.checked : open.open;
+        if (!list)
+            list = std::make_shared<NSTextList>(isTicked ? NSTextListMarkerCheck : NSTextListMarkerCircle);
+        return list;
+    }
+
+    void addMarker(const MarkdownBlock& block, const NSAttributes& attributes)
+    {
+        if (!block.beginsItem)
+            return;
+        const auto list = block.isTicked ? checklist(m_lists.back(), *block.isTicked) : m_lists.back().list;
+        append(u"\t" + list->markerForItemNumber(block.number) + u"\t", withFont(attributes, font({}, 0)));
+    }
+
+    // Text.
+
+    void addCode(const MarkdownBlock& block, const NSAttributes& attributes)
+    {
+        auto lines = block.text;
+        std::replace(lines.begin(), lines.end(), u'\n', u'\u2028');
+        std::erase(lines, NSAttachmentCharacter);
+        append(
+            lines,
+            withFont(attributes, font({.kind = MarkdownSpan::Kind::Code, .text = {}, .link = nullptr}, 0)));
+    }
+
+    void addSpans(const MarkdownBlock& block, const NSAttributes& attributes)
+    {
+        for (auto& span : markdownSpans(block.text)) {
+            auto own = withFont(attributes, font(span, block.level));
+            if (span.isStruck)
+                own.insert_or_assign(std::u16string(NSStrikethroughStyleAttributeName), std::int64_t{1});
+            if (span.isHighlighted) {
+                own.insert_or_assign(std::u16string(NSTextHighlightStyleAttributeName),
+                                     NSTextHighlightStyleDefault);
+                own.insert_or_assign(std::u16string(NSTextHighlightColorSchemeAttributeName),
+                                     NSTextHighlightColorSchemeDefault);
+            }
+            if (span.kind == MarkdownSpan::Kind::Image && addImage(span, own))
+                continue;
+            if (span.link && !span.link->empty())
+                own.insert_or_assign(std::u16string(NSLinkAttributeName), linkValue(*span.link));
+            std::erase(span.text, NSAttachmentCharacter);
+            append(span.text, own);
+        }
+    }
+
+    static NSAny linkValue(const std::u16string& target)
+    {
+        const auto url = NSURL::URLWithString(UTF8FromUTF16(target));
+        return url ? NSAny(*url) : NSAny(target);
+    }
+
+    bool addImage(const MarkdownSpan& span, NSAttributes attributes)
+    {
+        const auto file = m_options.fileForImage && span.link ? m_options.fileForImage(*span.link) : nullptr;
+        if (!file)
+            return false;
+        attributes.insert_or_assign(std::u16string(NSAttachmentAttributeName),
+                                    NSAny(NSTextAttachment::initWithFileWrapper(file)));
+        append({&NSAttachmentCharacter, 1}, attributes);
+        return true;
+    }
+
+    static NSAttributes withFont(NSAttributes attributes, const NSFont::Ref& font)
+    {
+        attributes.insert_or_assign(std::u16string(NSFontAttributeName), NSAny(font));
+        return attributes;
+    }
+
+    NSFont::Ref font(const MarkdownSpan& span, int level)
+    {
+        const bool isBold = span.isStrong || level > 0;
+        const bool isCode = span.kind == MarkdownSpan::Kind::Code;
+        auto& font = m_fonts[{level, isBold, span.isEmphasized, isCode}];
+        if (font)
+            return font;
+        const auto& manager = NSFontManager::sharedFontManager();
+        const auto size = m_options.font->pointSize() * kSizeOfLevel.at(static_cast<std::size_t>(level));
+        font = isCode ? NSFont::userFixedPitchFontOfSize(size)
+                      : manager.convertFontToSize(m_options.font, size);
+        if (isBold)
+            font = manager.convertFontToHaveTrait(font, NSBoldFontMask);
+        if (span.isEmphasized)
+            font = manager.convertFontToHaveTrait(font, NSItalicFontMask);
+        return font;
+    }
+
+    const MarkdownImportOptions& m_options;
+    NSMutableAttributedString m_text;
+    NSAttributes m_lastAttributes;
+    std::optional<MarkdownBlock> m_last;
+    std::vector<OpenList> m_lists;
+    NSParagraphStyle::TextBlocks m_quotes;
+    std::map<std::tuple<int, bool, bool, bool>, NSFont::Ref> m_fonts;
+};
+
+} // namespace
+
+NSAttributedString attributedStringWithMarkdown(std::u16string_view markdown,
+                                                const MarkdownImportOptions& options)
+{
+    Importer importer(options);
+    readMarkdownBlocks(markdown, [&importer](const MarkdownBlock& block) { importer.add(block); });
+    return importer.text();
+}
