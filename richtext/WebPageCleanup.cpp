@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -58,9 +59,16 @@ void DynamicColors::cleanupTextFromWebPageInRange(NSMutableAttributedString& tex
 
 void DynamicColors::changeFont(NSMutableAttributedString& text, const NSFont::Ref& font, NSRange inRange)
 {
+    // A page has few fonts and many runs.
+    std::map<NSFont::Ref, NSFont::Ref> newFonts;
     const auto change = [&](const NSAny& value, NSRange run, bool&) {
-        if (const auto old = value.object<NSFont>())
-            text.addAttribute(NSFontAttributeName, fontOfFamilyLikeFont(font->familyName(), old), run);
+        const auto old = value.object<NSFont>();
+        if (!old)
+            return;
+        auto& newFont = newFonts[old];
+        if (!newFont)
+            newFont = fontOfFamilyLikeFont(font->familyName(), old);
+        text.addAttribute(NSFontAttributeName, newFont, run);
     };
     text.enumerateAttribute(NSFontAttributeName, inRange, {}, change);
 }
