@@ -112,7 +112,8 @@ TEST(DrawingSurface, WritesSVGFilesWithPathsInPoints)
     EXPECT_EQ(property(root, "width"), "10pt");
     EXPECT_EQ(property(root, "height"), "8pt");
     EXPECT_EQ(property(root, "viewBox"), "0 0 10 8");
-    EXPECT_NE(svg->bytes.find("<path"), std::string::npos);
+    // Rows count from the top: the square reaches from 8 - 4 to 8 - 1.
+    EXPECT_NE(svg->bytes.find("d=\"M 2 7 L 6 7 L 6 4 L 2 4 Z M 2 7 \""), std::string::npos) << svg->bytes;
     EXPECT_NE(svg->bytes.find("rgb(0%,0%,100%)"), std::string::npos);
 }
 
