@@ -14,9 +14,7 @@ bool isFolder(const UTType& type)
 
 } // namespace
 
-namespace NSWorkspace {
-
-NSImage::Ref iconForContentType(const UTType& contentType)
+NSImage::Ref NSWorkspace::iconForContentType(const UTType& contentType)
 {
     if (isFolder(contentType))
         return NSImage::imageWithSize({kIconSide, kIconSide}, Flipped::No, drawFolderIcon);
@@ -27,5 +25,3 @@ NSImage::Ref iconForContentType(const UTType& contentType)
             drawDocumentIcon(kind, extension, context);
         });
 }
-
-} // namespace NSWorkspace

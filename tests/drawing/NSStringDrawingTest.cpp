@@ -5,8 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -448,6 +451,21 @@ TEST(NSStringDrawing, KeepsTextAsTextInDocuments)
     EXPECT_NE(pdf->bytes.find("/Type /Font"), std::string::npos);
     const auto svg = DrawingSurface{{100, 20}}.SVGRepresentation(draw);
     EXPECT_NE(svg->bytes.find("glyph"), std::string::npos);
+}
+
+TEST(NSStringDrawing, DrawsTheSameOnEveryThread)
+{
+    auto text = systemText(u"One text, four threads: שלום 汉字");
+    setStyle(text, NSLineBreakMode::TruncatingMiddle);
+    const auto expected = drawn(text, NSMakeRect(0, 0, 120, 30));
+    std::array<BitmapPixels, 4> results;
+    std::vector<std::thread> threads;
+    for (auto& result : results)
+        threads.emplace_back([&result, text] { result = drawn(text, NSMakeRect(0, 0, 120, 30)); });
+    for (auto& thread : threads)
+        thread.join();
+    for (const auto& result : results)
+        EXPECT_EQ(result, expected);
 }
 
 /// Runs in a process of its own, which looks for fonts for the first time.
