@@ -14,4 +14,7 @@ public:
     [[nodiscard]] NSSize cellSize() const override;
     /// A square of 18 points at the left edge, centred vertically.
     [[nodiscard]] NSRect imageRectForBounds(NSRect bounds) const override;
+    /// The symbol "checkmark.circle.fill" in the accent colour when the button is on, else "circle" in the
+    /// secondary label colour.
+    void drawWithFrame(NSRect cellFrame, NSView& inView) const override;
 };

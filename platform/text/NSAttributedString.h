@@ -127,6 +127,9 @@ public:
     NSMutableAttributedString() = default;
     explicit NSMutableAttributedString(NSAttributedString text);
 
+    /// The text as it is now, as a value that cannot be changed.
+    [[nodiscard]] NSAttributedString copy() const { return static_cast<const NSAttributedString&>(*this); }
+
     /// The new characters take the attributes of the first character replaced; with an empty range those of
     /// the character before it, at the start those of the first character.
     void replaceCharactersInRange(NSRange range, std::u16string_view string);
