@@ -2,6 +2,7 @@
 
 #include "attachments/CVLChecklistTextAttachment.h"
 #include "attachments/CVLDividerTextAttachment.h"
+#include "attachments/CVLFileAttachment.h"
 #include "platform/text/TextClasses.h"
 
 const NSClassTable& attachmentClasses()
@@ -11,6 +12,7 @@ const NSClassTable& attachmentClasses()
                                         &CVLChecklistAttachmentCell::classObject(),
                                         &CVLChecklistTextAttachment::classObject(),
                                         &CVLDividerTextAttachment::classObject(),
+                                        &CVLFileAttachment::classObject(),
                                     });
     return table;
 }

@@ -7,6 +7,7 @@
 #include "platform/text/NSParagraphStyle.h"
 #include "platform/text/NSTextAttachment.h"
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,7 +23,7 @@ inline constexpr NSUInteger CVLChecklistMaxIndentationLevel = 5;
 /// The box in front of a checklist item: ticked or not, at a level of indentation. The state lies in the
 /// attachment's cell; putting another cell in its place loses it.
 ///
-/// Always owned by shared pointers.
+/// Always owned by shared pointers. The level may be read and set from any thread.
 class CVLChecklistTextAttachment final : public NSTextAttachment,
                                          public NSPasteboardWriting,
                                          public ChecklistIndentation,
@@ -88,5 +89,5 @@ private:
 
     CVLChecklistAttachmentCell& checklistCell();
 
-    NSUInteger m_indentationLevel = 0;
+    std::atomic<NSUInteger> m_indentationLevel = 0;
 };

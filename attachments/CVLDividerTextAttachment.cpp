@@ -46,7 +46,7 @@ NSAttributedString CVLDividerTextAttachment::attributedString()
     text.appendAttributedString(
         NSAttributedString::attributedStringWithAttachment(shared_from_this(), attributes));
     text.appendAttributedString(NSAttributedString(u"\n", attributes));
-    return text;
+    return text.copy();
 }
 
 NSAttributedString CVLDividerTextAttachment::replacementString()
