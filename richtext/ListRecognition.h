@@ -13,7 +13,8 @@ namespace DynamicColors {
 /// - a number from 1 to 999, without zeros before it, and a full stop between tabs, with something behind it:
 ///   the decimal marker with a full stop, starting at that number.
 ///
-/// The characters stay. Linear in the text.
+/// The characters stay. All is one batch of edits, behind which every paragraph has the style of its first
+/// line, as behind any other. Linear in the text.
 void checkForTextListsAndConvertIfNecessary(NSMutableAttributedString& text);
 
 } // namespace DynamicColors

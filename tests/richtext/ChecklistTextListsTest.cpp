@@ -6,6 +6,8 @@
 #include "tests/richtext/ChecklistText.h"
 #include "tests/styles/StyleTest.h"
 
+#include <algorithm>
+#include <array>
 #include <random>
 
 using namespace DynamicColors;
@@ -183,6 +185,34 @@ TEST_F(ChecklistsFromTextLists, AreConvertedOnceWhereAStyleBeginsWithinALine)
                           .add(u"e\ntwo", inLists(NSTextListMarkerCheck))
                           .text();
     EXPECT_EQ(withBoxes(text).string(), u"\uFFFCone\n\uFFFCtwo");
+}
+
+TEST_F(ChecklistsFromTextLists, AreWhatTheRulesSayLineByLine)
+{
+    std::mt19937 random(17);
+    const std::array<std::u16string_view, 4> formats{NSTextListMarkerCheck, NSTextListMarkerCircle,
+                                                     NSTextListMarkerDisc, u"{decimal}."};
+    const std::array<std::u16string, 4> markers{u"\t\u2713\t", u"\t\u25E6\t", u"\t\u2022\t", u""};
+    for (int round = 0; round < 300; ++round) {
+        NoteText text;
+        std::u16string expected;
+        Items items;
+        for (auto left = random() % 8; left > 0; --left) {
+            const auto format = random() % formats.size();
+            const auto marker = random() % markers.size();
+            const auto depth = 1 + random() % 8;
+            text.add(markers[marker] + u"words\n", inLists(formats[format], depth));
+            const bool isItem = format < 2 || marker < 2;
+            expected += isItem ? u"\uFFFC" + (marker < 2 ? u"" : markers[marker]) : markers[marker];
+            expected += u"words\n";
+            if (isItem)
+                items.push_back({format == 0 || marker == 0, std::min<NSUInteger>(depth - 1, 5),
+                                 (marker < 2 ? u"" : markers[marker]) + u"words"});
+        }
+        const auto boxes = withBoxes(text.text());
+        ASSERT_EQ(boxes.string(), expected);
+        ASSERT_EQ(itemsOf(boxes), items);
+    }
 }
 
 TEST_F(ChecklistsToTextLists, HaveAMarkerInPlaceOfTheBox)

@@ -117,6 +117,13 @@ TEST(ListRecognition, GivesTheWholeParagraphItsLineEndTooTheStyle)
     EXPECT_TRUE(listsAt(text, 5).empty());
 }
 
+TEST(ListRecognition, GivesALineBreakWithinAParagraphTheListOfItsFirstLine)
+{
+    const auto text = recognized(u"\t\u2022\ta\u2028\t1.\tb\n");
+    ASSERT_EQ(listsAt(text, 0).size(), 1U);
+    EXPECT_EQ(listsAt(text, 5), listsAt(text, 0));
+}
+
 TEST(ListRecognition, KeepsTheRestOfTheStyle)
 {
     const auto text = recognized(u"\t-\ta");

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace DynamicColors;
 
 namespace {
@@ -100,6 +102,28 @@ TEST_F(TextListMarkers, MayHoldLineEnds)
 {
     const auto odd = styleInLists({makeList(u"x\n{decimal}")});
     EXPECT_EQ(marked(NoteText().add(u"a\nb", odd).text()), u"\tx\n1\ta\n\tx\n2\tb");
+}
+
+TEST_F(TextListMarkers, AreWhatTheRulesSayLineByLine)
+{
+    std::mt19937 random(23);
+    for (int round = 0; round < 300; ++round) {
+        NoteText text;
+        std::u16string expected;
+        int count = 0;
+        for (auto left = random() % 9; left > 0; --left) {
+            const auto kind = random() % 3;
+            count = kind == 0 ? 0 : count + 1;
+            text.add(u"x\n", kind == 0 ? NSMutableParagraphStyle() : kind == 1 ? m_discs : m_numbers);
+            const auto number = u'0' + count;
+            if (kind == 1)
+                expected += u"\t\u2022\t";
+            else if (kind == 2)
+                expected += std::u16string(u"\t") + static_cast<char16_t>(number) + u".\t";
+            expected += u"x\n";
+        }
+        ASSERT_EQ(marked(text.text()), expected);
+    }
 }
 
 TEST_F(TextListMarkers, LeaveTheCopiedTextAsItIs)
