@@ -136,7 +136,9 @@ std::string htmlByRewritingAttachmentTags(std::string html, const AttachmentsByN
     const auto rewritings = rewritingsOf(attachments);
     if (std::none_of(rewritings.begin(), rewritings.end(), holdsTagBeginning))
         return rewrittenInOnePass(html, rewritings);
-    for (const auto& rewriting : rewritings)
-        html = rewrittenOnce(html, rewriting);
+    for (const auto& rewriting : rewritings) {
+        if (html.find(rewriting.tag) != std::string::npos)
+            html = rewrittenOnce(html, rewriting);
+    }
     return html;
 }

@@ -5,8 +5,7 @@
 namespace DynamicColors {
 
 /// Makes lists of lines that are set as lists (CVLExtensions::isListParagraphStyle) and look like their
-/// items, but are in no list. Each line gets a list of its own behind its style's lists, by what it begins
-/// with:
+/// items, but are in no list. Each line gets a list of its own, by what it begins with:
 ///
 /// - a bullet between tabs: the disc marker;
 /// - a hyphen between tabs: the hyphen marker;

@@ -69,6 +69,11 @@ TEST(HTMLNewlines, FollowEveryKindOfLineEnd)
     EXPECT_EQ(cleaned(u"a\r\nb\u2028c\u2029d"), u"a\r\n\nb\u2028\nc\u2029\nd\n");
 }
 
+TEST(HTMLNewlines, CompleteALoneCarriageReturn)
+{
+    EXPECT_EQ(cleaned(u"a\rb"), u"a\r\nb\n");
+}
+
 TEST(HTMLNewlines, ChangeNothingWhereALineIsBlankAlready)
 {
     EXPECT_EQ(cleaned(u"one\n\ntwo\n"), u"one\n\ntwo\n");
