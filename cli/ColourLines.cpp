@@ -8,6 +8,8 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include <cmath>
+
 namespace {
 
 // Keeps the members in the order in which they are written here.
@@ -60,7 +62,7 @@ std::string extremeText(const NSColor& color)
 /// Two blanks on the colour, as terminals with 24 bits a colour take it.
 std::string patch(const NSColorRGBA& color)
 {
-    const auto byte = [](double component) { return static_cast<int>(component * 255 + 0.5); };
+    const auto byte = [](double component) { return std::lround(component * 255); };
     return fmt::format("\033[48;2;{};{};{}m  \033[0m ", byte(color.red), byte(color.green), byte(color.blue));
 }
 

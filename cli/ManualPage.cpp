@@ -215,7 +215,7 @@ ManualPage manualPage(const CLI::App& command, const std::string& name, int sect
     const auto invocation = invocationOf(command);
     const bool isProgram = !command.get_parent();
     Page page;
-    page.macro(fmt::format(".TH \"{}\" {} \"\" \"corvel\"", roffText(name), section));
+    page.macro(fmt::format(R"(.TH "{}" {} "" "corvel")", roffText(name), section));
     page.macro(".SH NAME");
     page.macro(roffText(name) + " \\- " + roffText(summaryOf(command)));
     page.macro(".SH SYNOPSIS");

@@ -57,6 +57,7 @@ NSColor::Ref purpleHighlightColor()
 std::vector<NSColor::Ref> allHighlightColors()
 {
     std::vector<NSColor::Ref> colors;
+    colors.reserve(kHighlightColours.size());
     for (const auto& each : kHighlightColours)
         colors.push_back(NSColor::colorNamed(each.name));
     return colors;
@@ -65,6 +66,7 @@ std::vector<NSColor::Ref> allHighlightColors()
 std::vector<std::u16string> allHighlightColorNames()
 {
     std::vector<std::u16string> names;
+    names.reserve(kHighlightColours.size());
     for (const auto& each : kHighlightColours)
         names.push_back(NSBundle::mainBundle().localizedStringForKey(each.displayNameKey));
     return names;
@@ -73,6 +75,7 @@ std::vector<std::u16string> allHighlightColorNames()
 std::vector<NSInteger> allHighlightColorTypes()
 {
     std::vector<NSInteger> types;
+    types.reserve(kHighlightColours.size());
     for (const auto& each : kHighlightColours)
         types.push_back(each.type);
     return types;

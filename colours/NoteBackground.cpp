@@ -9,7 +9,7 @@ namespace CVLExtensions {
 NSColor::Ref defaultNoteBackgroundColor()
 {
     const auto data = NSUserDefaults::standardUserDefaults().dataForKey(CVLNoteDefaultBackgroundColorKey);
-    const auto stored = CVLSecureUnarchiveColorFromDataTransformer()
+    auto stored = CVLSecureUnarchiveColorFromDataTransformer()
                             .transformedValue(data ? NSAny(*data) : NSAny())
                             .object<NSColor>();
     // A user who chose pure white or black gets the background that follows the appearance instead.
