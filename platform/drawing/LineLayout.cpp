@@ -114,12 +114,13 @@ double points(int units)
 
 } // namespace
 
-LineLayout::LineLayout(PangoContext& context, const NSAttributedString& text, NSRange range,
-                       std::optional<double> width, NSAppearance appearance)
+LineLayout::LineLayout(const NSAttributedString& text, NSRange range, std::optional<double> width,
+                       NSAppearance appearance)
 {
     const auto attributes = attributesOfLine(text, range);
     const auto style = styleOf(attributes);
-    m_layout.reset(pango_layout_new(&context));
+    const auto context = textContext();
+    m_layout.reset(pango_layout_new(context.get()));
     const auto font = fontDescription(*fontOfAttributes(attributes));
     pango_layout_set_font_description(m_layout.get(), font.get());
     const auto content = textWithinBounds(text, range, style->lineBreakMode(), appearance);
@@ -127,7 +128,7 @@ LineLayout::LineLayout(PangoContext& context, const NSAttributedString& text, NS
                           static_cast<int>(content.characters.size()));
     pango_layout_set_attributes(m_layout.get(), content.attributes.get());
     m_isRightToLeft = isRightToLeft(text.substringWithRange(range), style->baseWritingDirection());
-    setDirection(context);
+    setDirection(*context);
     setAlignment(*style);
     if (width)
         setWidth(*width, style->lineBreakMode());

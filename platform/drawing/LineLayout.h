@@ -15,9 +15,9 @@
 /// largest font is high, what is beyond that is left out where it would be truncated, at the end by default.
 class LineLayout {
 public:
-    /// `range` is the line's content; the context serves one layout at a time.
-    LineLayout(PangoContext& context, const NSAttributedString& text, NSRange range,
-               std::optional<double> width, NSAppearance appearance);
+    /// `range` is the line's content.
+    LineLayout(const NSAttributedString& text, NSRange range, std::optional<double> width,
+               NSAppearance appearance);
 
     [[nodiscard]] NSSize size() const;
 

@@ -2,7 +2,6 @@
 
 #include "platform/drawing/CairoTarget.h"
 #include "platform/drawing/LineLayout.h"
-#include "platform/drawing/PangoFonts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,10 +24,9 @@ void enumerateLines(const NSAttributedString& text, const std::function<bool(NSR
 
 NSSize sizeWithin(const NSAttributedString& text, std::optional<double> width)
 {
-    const auto context = textContext();
     NSSize size;
     enumerateLines(text, [&](NSRange range) {
-        const auto line = LineLayout(*context, text, range, width, NSAppearance::Light).size();
+        const auto line = LineLayout(text, range, width, NSAppearance::Light).size();
         size.width = std::max(size.width, line.width);
         size.height += line.height;
         return true;
@@ -71,11 +69,10 @@ void drawAttributedString(const NSAttributedString& text, NSRect inRect, NSGraph
         return;
     const UprightOrigin origin(context, inRect);
     auto* cairo = context.target().cairo;
-    const auto fonts = textContext();
     const auto lowest = std::min(inRect.size.height, lowestVisible(cairo));
     double y = 0;
     enumerateLines(text, [&](NSRange range) {
-        const LineLayout line(*fonts, text, range, inRect.size.width, context.appearance());
+        const LineLayout line(text, range, inRect.size.width, context.appearance());
         line.draw(cairo, y, lowest);
         y += line.size().height;
         return y < lowest;

@@ -8,12 +8,14 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <unordered_set>
 
 namespace {
 
 /// Smaller and larger ones are taken for these.
 constexpr double kMinimumSize = 0.1;
 constexpr double kMaximumSize = 4096;
+constexpr std::size_t kMaximumFontsOfThread = 256;
 
 /// Families with serifs, by how their names begin. Faces do not say so themselves.
 constexpr std::array<std::u16string_view, 22> kSerifFamilies{
@@ -94,6 +96,35 @@ PangoStretch pangoStretch(unsigned traits)
     return (traits & NSFontExpandedTrait) != 0 ? PANGO_STRETCH_EXPANDED : PANGO_STRETCH_NORMAL;
 }
 
+/// The fonts of a thread. Pango keeps every font that it was ever asked for, at every size, some 26 KB each:
+/// here they go all at once when there have been too many.
+class ThreadFonts {
+public:
+    static ThreadFonts& ofThisThread()
+    {
+        thread_local ThreadFonts fonts;
+        return fonts;
+    }
+
+    void note(const PangoFontDescription& description)
+    {
+        m_descriptions.insert(pango_font_description_hash(&description));
+    }
+
+    PangoFontMap& map()
+    {
+        if (m_map && m_descriptions.size() <= kMaximumFontsOfThread)
+            return *m_map;
+        m_descriptions.clear();
+        m_map.reset(pango_cairo_font_map_new());
+        return *m_map;
+    }
+
+private:
+    std::unique_ptr<PangoFontMap, GObjectDeleter> m_map;
+    std::unordered_set<guint> m_descriptions;
+};
+
 struct FontOptionsDeleter {
     void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
 };
@@ -117,12 +148,13 @@ FontDescription fontDescription(const NSFont& font)
     pango_font_description_set_style(description.get(), isItalic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
     const auto size = std::clamp(font.pointSize(), kMinimumSize, kMaximumSize);
     pango_font_description_set_absolute_size(description.get(), pangoUnits(size));
+    ThreadFonts::ofThisThread().note(*description);
     return description;
 }
 
 TextContext textContext()
 {
-    TextContext context(pango_font_map_create_context(pango_cairo_font_map_get_default()));
+    TextContext context(pango_font_map_create_context(&ThreadFonts::ofThisThread().map()));
     const std::unique_ptr<cairo_font_options_t, FontOptionsDeleter> options(cairo_font_options_create());
     cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
     cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);

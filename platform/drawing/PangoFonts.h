@@ -10,5 +10,5 @@ class NSFont;
 [[nodiscard]] FontDescription fontDescription(const NSFont& font);
 
 /// A context for text whose measures are the same for every surface: no hinting, no rounding to pixels, one
-/// unit a point. For this thread only.
+/// unit a point. For this thread only, and for one line: between lines, fonts that are not needed may go.
 [[nodiscard]] TextContext textContext();

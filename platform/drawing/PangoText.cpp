@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -22,6 +24,8 @@ constexpr double kLargestShift = 1000;
 /// rest of such a piece: without this limit, a word of 100,000 letters takes it a minute to break.
 constexpr NSUInteger kLongestItem = 500;
 
+/// Every font costs 26 KB.
+constexpr std::size_t kMaximumFontsOfLine = 256;
 /// For each tab Pango looks at all of the line before it.
 constexpr std::size_t kMaximumTabs = 1000;
 
@@ -73,6 +77,28 @@ guint16 colorPart(double part)
 {
     return static_cast<guint16>(std::lround(std::clamp(part, 0.0, 1.0) * 65535));
 }
+
+/// The fonts of a line as Pango knows them. Text in more of them than kMaximumFontsOfLine has the first one.
+class LineFonts {
+public:
+    const PangoFontDescription& description(const NSAttributes& attributes)
+    {
+        const auto font = fontOfAttributes(attributes);
+        const auto key = std::pair(font->fontName(), font->pointSize());
+        if (const auto known = m_descriptions.find(key); known != m_descriptions.end())
+            return *known->second;
+        if (m_descriptions.size() == kMaximumFontsOfLine)
+            return *m_first;
+        auto& description = m_descriptions[key];
+        description = fontDescription(*font);
+        m_first = m_first ? m_first : description.get();
+        return *description;
+    }
+
+private:
+    std::map<std::pair<std::u16string, double>, FontDescription> m_descriptions;
+    const PangoFontDescription* m_first = nullptr;
+};
 
 /// Collects the attributes of one run.
 class Run {
@@ -139,9 +165,9 @@ void addShifts(Run& run, const NSAttributes& attributes)
         run.add(pango_attr_rise_new(rise));
 }
 
-void addAttributes(Run& run, const NSAttributes& attributes)
+void addAttributes(Run& run, const NSAttributes& attributes, LineFonts& fonts)
 {
-    run.add(pango_attr_font_desc_new(fontDescription(*fontOfAttributes(attributes)).get()));
+    run.add(pango_attr_font_desc_new(&fonts.description(attributes)));
     run.addColor(valueOf(attributes, NSForegroundColorAttributeName), pango_attr_foreground_new,
                  pango_attr_foreground_alpha_new);
     run.addColor(valueOf(attributes, NSBackgroundColorAttributeName), pango_attr_background_new,
@@ -154,16 +180,18 @@ void addAttributes(Run& run, const NSAttributes& attributes)
 
 PangoText pangoText(const NSAttributedString& text, NSRange range, NSAppearance appearance)
 {
-    auto [bytes, offsets] = encoded(text.substringWithRange(range));
+    auto line = encoded(text.substringWithRange(range));
+    const auto& offsets = line.offsets;
     AttributeList list(pango_attr_list_new());
+    LineFonts fonts;
     text.enumerateAttributesInRange(range, {}, [&](const NSAttributes& attributes, NSRange run, bool&) {
         const auto end = NSMaxRange(run) - range.location;
         for (auto start = run.location - range.location; start < end; start += kLongestItem) {
             Run item(*list, offsets[start], offsets[std::min(start + kLongestItem, end)], appearance);
-            addAttributes(item, attributes);
+            addAttributes(item, attributes, fonts);
         }
     });
-    return {std::move(bytes), std::move(list)};
+    return {std::move(line.bytes), std::move(list)};
 }
 
 NSFont::Ref fontOfAttributes(const NSAttributes& attributes)

@@ -442,6 +442,22 @@ TEST(NSStringDrawing, TakesFontsOfEverySize)
     }
 }
 
+// Each font costs memory. A line has 256 of them; text in others has the first.
+TEST(NSStringDrawing, TakesAsManyFontsInALineAsItKeeps)
+{
+    NSMutableAttributedString text;
+    for (int i = 0; i < 300; ++i)
+        text.appendAttributedString(textWithFont(u"a", NSFont::systemFontOfSize(5 + i * 0.25)));
+    // Fonts that return are no others.
+    text.appendAttributedString(textWithFont(u"a", NSFont::systemFontOfSize(30)));
+    double expected = 0;
+    for (int i = 0; i < 256; ++i)
+        expected += sizeOfAttributedString(systemText(u"a", 5 + i * 0.25)).width;
+    expected += 44 * sizeOfAttributedString(systemText(u"a", 5)).width;
+    expected += sizeOfAttributedString(systemText(u"a", 30)).width;
+    EXPECT_NEAR(sizeOfAttributedString(text).width, expected, 0.01);
+}
+
 TEST(NSStringDrawing, KeepsTextAsTextInDocuments)
 {
     const auto draw = [](NSGraphicsContext& context) {
