@@ -5,40 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <limits>
-#include <thread>
-#include <vector>
 
 namespace {
 
 constexpr std::uint32_t kRed = 0xffff0000;
 constexpr std::uint32_t kBlue = 0xff0000ff;
-constexpr NSSize kSheet{300, 100};
-
-NSColor::Ref red()
-{
-    return NSColor::colorWithRed(1, 0, 0, 1);
-}
-
-NSColor::Ref blue()
-{
-    return NSColor::colorWithRed(0, 0, 1, 1);
-}
-
-BitmapPixels drawn(const NSAttributedString& text, NSRect rect, double scale = 1,
-                   Flipped flipped = Flipped::Yes, NSAppearance appearance = NSAppearance::Light)
-{
-    return DrawingSurface{kSheet, appearance, flipped}
-        .pixels([&](NSGraphicsContext& context) { drawAttributedString(text, rect, context); }, scale)
-        .value();
-}
-
-BitmapPixels drawn(const NSAttributedString& text)
-{
-    return drawn(text, {{}, kSheet});
-}
 
 /// The font whose measures the tests know from its file, 2048 units to the em; null where it is not
 /// installed.
@@ -393,71 +366,6 @@ TEST(NSStringDrawing, DrawsNothingInARectangleWithoutArea)
     EXPECT_EQ(inkOf(drawn(systemText(u"abc"), NSMakeRect(std::nan(""), 0, 20, 20))), Ink{});
 }
 
-TEST(NSStringDrawing, TakesWhateverNamesHold)
-{
-    const std::u16string nul(u"a\0b", 3);
-    EXPECT_GT(sizeOfAttributedString(systemText(nul)).width, sizeOfAttributedString(systemText(u"ab")).width);
-    const std::u16string unpaired{u'a', 0xD800, u'b', 0xDC00};
-    EXPECT_EQ(sizeOfAttributedString(systemText(unpaired)).width,
-              sizeOfAttributedString(systemText(u"a\xfffd"
-                                                u"b\xfffd"))
-                  .width);
-    for (const auto* text : {u"\x202e"
-                             u"abc\x202c",
-                             u"\x2066\x2067\x2068", u"\x0001\x0002\x007f\x0080", u"a\x0301\x0302\x0303",
-                             u"\xd83d\xde00\x200d\xd83d\xde00", u"\xdbff\xdfff"})
-        EXPECT_NO_THROW((void)drawn(systemText(text)));
-}
-
-// A pair of surrogates may lie in two runs.
-TEST(NSStringDrawing, TakesCharactersThatLieInTwoRuns)
-{
-    auto text = systemText(u"a\xd835\xdc00"
-                           u"b");
-    const auto width = sizeOfAttributedString(text).width;
-    setColor(text, red(), {0, 2});
-    setColor(text, blue(), {2, 2});
-    EXPECT_NEAR(sizeOfAttributedString(text).width, width, 0.01);
-}
-
-TEST(NSStringDrawing, TakesLongLinesAndManyLines)
-{
-    for (const char16_t character : {u'a', u' ', u'\t', u'\xfdfd', u'\x0301', u'\x0001', u'漢', u'\xd800'}) {
-        auto text = systemText(std::u16string(100000, character));
-        EXPECT_GE(sizeOfAttributedString(text).width, 0);
-        (void)drawn(text, {{}, {100, 20}});
-    }
-    auto lines = systemText(std::u16string(20000, u'\n'));
-    EXPECT_GT(sizeOfAttributedString(lines).height, 20000);
-    (void)drawn(lines);
-}
-
-TEST(NSStringDrawing, TakesFontsOfEverySize)
-{
-    for (const double size : {1e-9, 0.5, 5000.0, 1e300, std::numeric_limits<double>::infinity()}) {
-        const auto text = systemText(u"abc", size);
-        const auto measured = sizeOfAttributedString(text);
-        EXPECT_TRUE(std::isfinite(measured.width) && measured.width > 0) << size;
-        (void)drawn(text);
-    }
-}
-
-// Each font costs memory. A line has 256 of them; text in others has the first.
-TEST(NSStringDrawing, TakesAsManyFontsInALineAsItKeeps)
-{
-    NSMutableAttributedString text;
-    for (int i = 0; i < 300; ++i)
-        text.appendAttributedString(textWithFont(u"a", NSFont::systemFontOfSize(5 + i * 0.25)));
-    // Fonts that return are no others.
-    text.appendAttributedString(textWithFont(u"a", NSFont::systemFontOfSize(30)));
-    double expected = 0;
-    for (int i = 0; i < 256; ++i)
-        expected += sizeOfAttributedString(systemText(u"a", 5 + i * 0.25)).width;
-    expected += 44 * sizeOfAttributedString(systemText(u"a", 5)).width;
-    expected += sizeOfAttributedString(systemText(u"a", 30)).width;
-    EXPECT_NEAR(sizeOfAttributedString(text).width, expected, 0.01);
-}
-
 TEST(NSStringDrawing, KeepsTextAsTextInDocuments)
 {
     const auto draw = [](NSGraphicsContext& context) {
@@ -467,37 +375,6 @@ TEST(NSStringDrawing, KeepsTextAsTextInDocuments)
     EXPECT_NE(pdf->bytes.find("/Type /Font"), std::string::npos);
     const auto svg = DrawingSurface{{100, 20}}.SVGRepresentation(draw);
     EXPECT_NE(svg->bytes.find("glyph"), std::string::npos);
-}
-
-TEST(NSStringDrawing, DrawsTheSameOnEveryThread)
-{
-    auto text = systemText(u"One text, four threads: שלום 汉字");
-    setStyle(text, NSLineBreakMode::TruncatingMiddle);
-    const auto expected = drawn(text, NSMakeRect(0, 0, 120, 30));
-    std::array<BitmapPixels, 4> results;
-    std::vector<std::thread> threads;
-    for (auto& result : results)
-        threads.emplace_back([&result, text] { result = drawn(text, NSMakeRect(0, 0, 120, 30)); });
-    for (auto& thread : threads)
-        thread.join();
-    for (const auto& result : results)
-        EXPECT_EQ(result, expected);
-}
-
-/// Runs in a process of its own, which looks for fonts for the first time.
-[[noreturn]] void drawWithoutFonts()
-{
-    setenv("FONTCONFIG_FILE", "/dev/null", 1);
-    const auto text = systemText(u"no font");
-    const auto size = sizeOfAttributedString(text);
-    (void)drawn(text);
-    std::exit(std::isfinite(size.width) && size.width >= 0 && size.height >= 0 ? 0 : 1);
-}
-
-TEST(NSStringDrawingDeathTest, DrawsWithoutAnyFont)
-{
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(drawWithoutFonts(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace
