@@ -51,6 +51,13 @@ TEST_F(ChecklistMarkdown, HasTheDefaultParagraphStyleOnTheWholeLine)
     EXPECT_EQ(styleAt(converted, 16)->headIndent(), 5);
 }
 
+TEST_F(ChecklistMarkdown, HasTheDefaultParagraphStyleOnEveryLine)
+{
+    const auto text = markdown(checklistText({{true, 0, u"a"}, {false, 1, u"b"}, {true, 2, u"c"}}));
+    for (NSUInteger index = 0; index < text.length(); ++index)
+        EXPECT_TRUE(styleAt(text, index)->isEqual(*NSParagraphStyle::defaultParagraphStyle())) << index;
+}
+
 TEST_F(ChecklistMarkdown, KeepsTheOtherAttributes)
 {
     const auto text

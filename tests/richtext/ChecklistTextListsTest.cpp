@@ -299,6 +299,20 @@ TEST_F(ChecklistsToTextLists, StayInTheirTableCells)
     EXPECT_FALSE(styleAt(text, 5));
 }
 
+TEST_F(ChecklistsToTextLists, StayInTheirTableCellsWithSeveralOnALine)
+{
+    const NSTextBlock::Ref block = std::make_shared<const NSTextBlock>();
+    NSMutableParagraphStyle style;
+    style.setTextBlocks({block});
+    const NSAttributes attributes{{key(NSParagraphStyleAttributeName), style.copy()}};
+    const auto text = withLists(NoteText()
+                                    .addAttachment(makeBox(true), attributes)
+                                    .addAttachment(makeBox(false), attributes)
+                                    .add(u"a\n", attributes)
+                                    .text());
+    EXPECT_EQ(styleAt(text, 0)->textBlocks(), (NSParagraphStyle::TextBlocks{block}));
+}
+
 TEST_F(ChecklistsToTextLists, StyleTheWholeLineOfABoxInItsMiddle)
 {
     const auto text = withLists(NoteText().add(u"a").addAttachment(makeBox(true)).add(u"b\nc").text());

@@ -78,6 +78,9 @@ TEST(FontChange, GivesUpWhatTheFamilyDoesNotHave)
 {
     ASSERT_TRUE(NSFont::fontWithName(u"HelveticaNeue-CondensedBold", kSize));
     EXPECT_EQ(changed(u"HelveticaNeue-CondensedBold", u"Menlo-Regular"), u"Menlo-Bold");
+    EXPECT_EQ(changed(u"Times-BoldItalic", u"LucidaGrande"), u"LucidaGrande-Bold");
+    EXPECT_EQ(changed(u"Times-Italic", u"Monaco"), u"Monaco");
+    EXPECT_EQ(changed(u"Times-BoldItalic", u"Monaco"), u"Monaco");
 }
 
 TEST(FontChange, LeavesRunsWithoutAFontAlone)
