@@ -1,0 +1,48 @@
+#include "platform/rtf/RTFTextParagraphs.h"
+
+#include "platform/rtf/RTFLimits.h"
+#include "platform/text/NSAttributeNames.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::u16string_view kParagraphEnds = u"\n\r\u2029";
+
+RTFTextParagraph::Cells cellsOf(const NSParagraphStyle& style)
+{
+    RTFTextParagraph::Cells cells;
+    for (const auto& block : style.textBlocks()) {
+        auto cell = std::dynamic_pointer_cast<const NSTextTableBlock>(block);
+        if (cell && cell->table() && cells.size() < kMostRTFTableDepth)
+            cells.push_back(std::move(cell));
+    }
+    return cells;
+}
+
+} // namespace
+
+RTFTextParagraphs::RTFTextParagraphs(const NSAttributedString& text, NSRange range)
+    : m_text(text)
+    , m_range(range)
+    , m_characters(text.string())
+{
+}
+
+std::optional<RTFTextParagraph> RTFTextParagraphs::paragraphAt(NSUInteger location) const
+{
+    const auto end = NSMaxRange(m_range);
+    if (location >= end)
+        return std::nullopt;
+    RTFTextParagraph paragraph;
+    const auto contentEnd = std::min(m_characters.find_first_of(kParagraphEnds, location), end);
+    paragraph.content = {location, contentEnd - location};
+    paragraph.isEnded = contentEnd < end;
+    paragraph.end = paragraph.isEnded ? contentEnd + 1 : end;
+    if (paragraph.end < end && m_characters.substr(contentEnd, 2) == u"\r\n")
+        ++paragraph.end;
+    paragraph.style = m_text.attribute(NSParagraphStyleAttributeName, location).object<NSParagraphStyle>();
+    if (paragraph.style && !paragraph.style->textBlocks().empty())
+        paragraph.cells = cellsOf(*paragraph.style);
+    return paragraph;
+}
