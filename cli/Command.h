@@ -30,8 +30,10 @@ struct Command {
 };
 
 [[nodiscard]] Command addCheckCommand(CLI::App& program);
+[[nodiscard]] Command addChecklistCommand(CLI::App& program);
 [[nodiscard]] Command addColourCommand(CLI::App& program);
 [[nodiscard]] Command addCreateCommand(CLI::App& program);
+[[nodiscard]] Command addHTMLCommand(CLI::App& program);
 [[nodiscard]] Command addIndexCommand(CLI::App& program);
 [[nodiscard]] Command addMoveCommand(CLI::App& program);
 [[nodiscard]] Command addRemoveCommand(CLI::App& program);

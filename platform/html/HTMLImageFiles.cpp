@@ -32,6 +32,9 @@ NSFileWrapper::Ref fileOfImage(std::string_view source, std::string_view descrip
 {
     if (inASCIILowerCase(trimmedCSS(source).substr(0, 5)) == "data:")
         return fileOfDataURL(source, description);
-    const auto found = options.resources.find(resolvedURL(source, baseURL));
-    return found == options.resources.end() ? nullptr : found->second;
+    const auto url = resolvedURL(source, baseURL);
+    const auto found = options.resources.find(url);
+    if (found != options.resources.end())
+        return found->second;
+    return options.resourceForURL && !url.empty() ? options.resourceForURL(url) : nullptr;
 }

@@ -5,6 +5,7 @@
 #include "platform/text/NSAttributedString.h"
 #include "platform/text/NSTextAttachment.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -20,6 +21,8 @@ struct NSHTMLReadingOptions {
     double fontSize = 12;
     /// The files of the page's images and objects, by absolute URL.
     std::map<std::string, std::shared_ptr<NSFileWrapper>> resources;
+    /// Asked for the images that these do not have; null for none.
+    std::function<std::shared_ptr<NSFileWrapper>(const std::string& url)> resourceForURL;
 
     // The bounds within which a page is read. Beyond the bytes it is refused, beyond
     // the others cut.

@@ -1,3 +1,4 @@
+#include "platform/foundation/NSFileWrapper.h"
 #include "platform/html/NSAttributedStringHTML.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSColor.h"
@@ -494,4 +495,19 @@ TEST(HTMLDocumentReader, KeepsOneRuleOfASelectorHoweverOftenItIsGiven)
     NSRange run;
     EXPECT_TRUE(text.attribute(NSForegroundColorAttributeName, 0, &run, {0, text.length()}));
     EXPECT_EQ(run.length, text.length());
+}
+
+TEST(HTMLDocumentReader, AsksForImagesThatTheResourcesDoNotHave)
+{
+    NSHTMLReadingOptions options;
+    options.baseURL = NSURL::URLWithString("https://a.example/b/c.html");
+    std::vector<std::string> asked;
+    options.resources["https://a.example/b/d.png"] = NSFileWrapper::initRegularFileWithContents(NSData{"d"});
+    options.resourceForURL = [&asked](const std::string& url) {
+        asked.push_back(url);
+        return url.ends_with("e.png") ? NSFileWrapper::initRegularFileWithContents(NSData{"e"}) : nullptr;
+    };
+    EXPECT_EQ(read("<img src=d.png><img src=e.png><img src=../f.png alt=f>", options).string(),
+              u"\uFFFC\uFFFCf");
+    EXPECT_THAT(asked, testing::ElementsAre("https://a.example/b/e.png", "https://a.example/f.png"));
 }

@@ -42,6 +42,12 @@ TEST_F(Usage, ErrorsEndWithTwoAndSayWhy)
         {"string", "truncate-middle", "many", "text"},
         {"string", "remaining", "long"},
         {"status", "--index", "notes.index", "--colour"},
+        {"html"},
+        {"html", "import"},
+        {"html", "import", "--text", "--markdown", "a.html"},
+        {"html", "export", "a.md", "b.md"},
+        {"checklist"},
+        {"checklist", "--open", "--done", "a.md"},
     };
     for (const auto& mistake : mistakes) {
         const auto outcome = corvel(mistake);
@@ -56,7 +62,7 @@ TEST_F(Usage, HelpOfEveryCommandHasExamples)
 {
     EXPECT_THAT(corvel({"--help"}).output, HasSubstr("Examples:"));
     for (const auto* command : {"create", "index", "remove", "move", "search", "status", "check", "text",
-                                "style", "string", "colour"}) {
+                                "style", "string", "colour", "html", "checklist"}) {
         const auto outcome = corvel({command, "--help"});
         EXPECT_EQ(outcome.status, 0) << command;
         EXPECT_THAT(outcome.output,

@@ -1,0 +1,61 @@
+#include "cli/ChecklistLines.h"
+#include "cli/Command.h"
+#include "cli/CommandSyntax.h"
+#include "cli/Console.h"
+#include "cli/ErrorMessage.h"
+#include "cli/RichTextFile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+
+namespace {
+
+constexpr const char* kExplanation
+    = "FILE is Markdown, a page with boxes to tick, or the keyed archive of a text.\n"
+      "\n"
+      "Examples:\n"
+      "  corvel checklist groceries.md\n"
+      "  corvel checklist --open --json groceries.md";
+
+struct ChecklistArguments {
+    std::string path;
+    bool isOpen = false;
+    bool isDone = false;
+    bool isJSON = false;
+};
+
+ExitStatus showChecklist(const ChecklistArguments& arguments)
+{
+    if (arguments.isOpen && arguments.isDone)
+        throw UsageError("checklist: give --open or --done, or neither for both");
+    NSError error;
+    const auto file = readRichTextFile(arguments.path, &error);
+    if (!file) {
+        printError(arguments.path, errorReason(error, arguments.path));
+        return ExitStatus::Failure;
+    }
+    for (const auto& item : checklistItems(file->text)) {
+        const bool isLeftOut = item.isDone ? arguments.isOpen : arguments.isDone;
+        if (isLeftOut)
+            continue;
+        const auto line = checklistLine(item);
+        printLine(arguments.isJSON ? checklistJSON(item) : isOutputTerminal() ? printable(line) : line);
+    }
+    return ExitStatus::Success;
+}
+
+} // namespace
+
+Command addChecklistCommand(CLI::App& program)
+{
+    auto arguments = std::make_shared<ChecklistArguments>();
+    auto& command
+        = addCommand(program, "checklist", "List the open and the done items of a text.", kExplanation);
+    command.add_flag("--open", arguments->isOpen, "Only those that are open");
+    command.add_flag("--done", arguments->isDone, "Only those that are done");
+    command.add_flag("--json", arguments->isJSON, "One line of JSON for each item");
+    addPathArgument(command, "FILE", arguments->path, "The text");
+    return {&command, [arguments] { return showChecklist(*arguments); }};
+}
