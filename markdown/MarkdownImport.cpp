@@ -59,6 +59,8 @@ private:
         NSTextList::Ref list;
         NSTextList::Ref checked;
         NSTextList::Ref open;
+        /// The one of these that the last item is in, and the items within it.
+        NSTextList::Ref current;
     };
 
     void append(std::u16string_view text, const NSAttributes& attributes)
@@ -75,9 +77,10 @@ private:
                && m_lists[common].identifier == block.lists[common].identifier)
             ++common;
         m_lists.resize(common);
-        for (auto depth = common; depth < block.lists.size(); ++depth)
-            m_lists.push_back(
-                {block.lists[depth].identifier, listOf(block.lists[depth], depth), nullptr, nullptr});
+        for (auto depth = common; depth < block.lists.size(); ++depth) {
+            const auto list = listOf(block.lists[depth], depth);
+            m_lists.push_back({block.lists[depth].identifier, list, nullptr, nullptr, list});
+        }
     }
 
     static NSTextList::Ref listOf(const MarkdownList& list, std::size_t depth)
@@ -124,11 +127,11 @@ private:
 
     void setItem(NSMutableParagraphStyle& style, const MarkdownBlock& block, double head)
     {
+        auto& innermost = m_lists.back();
+        innermost.current = block.isTicked ? checklist(innermost, *block.isTicked) : innermost.list;
         NSParagraphStyle::TextLists lists;
         for (const auto& open : m_lists)
-            lists.push_back(open.list);
-        if (block.isTicked)
-            lists.back() = checklist(m_lists.back(), *block.isTicked);
+            lists.push_back(open.current);
         style.setTextLists(std::move(lists));
         style.setFirstLineHeadIndent(head - kListIndent);
         style.setTabStops(
@@ -149,8 +152,8 @@ private:
     {
         if (!block.beginsItem)
             return;
-        const auto list = block.isTicked ? checklist(m_lists.back(), *block.isTicked) : m_lists.back().list;
-        append(u"\t" + list->markerForItemNumber(block.number) + u"\t", withFont(attributes, font({}, 0)));
+        append(u"\t" + m_lists.back().current->markerForItemNumber(block.number) + u"\t",
+               withFont(attributes, font({}, 0)));
     }
 
     // Text.

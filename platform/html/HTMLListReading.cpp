@@ -24,8 +24,9 @@ std::u16string usualFormat(bool isOrdered, std::size_t depth)
 void beginItemOfList(HTMLOpenElement& item, const NSTextList::Ref& list, HTMLTextBuilder& builder)
 {
     item.awaitsMarker = false;
-    auto context = item.context;
-    context.lists.back() = list;
+    // Lists within the item are in the list that it turns out to be of.
+    item.context.lists.back() = list;
+    const auto& context = item.context;
     const auto marker = list->markerForItemNumber(item.number);
     if (marker.empty())
         builder.appendEmptyParagraph(item.style, context);

@@ -511,3 +511,13 @@ TEST(HTMLDocumentReader, AsksForImagesThatTheResourcesDoNotHave)
               u"\uFFFC\uFFFCf");
     EXPECT_THAT(asked, testing::ElementsAre("https://a.example/b/e.png", "https://a.example/f.png"));
 }
+
+TEST(HTMLDocumentReader, PutsItemsIntoTheChecklistAroundThem)
+{
+    const auto text = read("<ul><li><input type=checkbox checked>a<ul><li><input type=checkbox>b</ul></ul>");
+    const auto style
+        = text.attribute(NSParagraphStyleAttributeName, text.length() - 1).object<NSParagraphStyle>();
+    ASSERT_TRUE(style && style->textLists().size() == 2);
+    EXPECT_EQ(style->textLists().front()->markerFormat(), NSTextListMarkerCheck);
+    EXPECT_EQ(style->textLists().back()->markerFormat(), NSTextListMarkerCircle);
+}

@@ -102,6 +102,17 @@ TEST(MarkdownImport, MakesBoxesOfChecklistItems)
     EXPECT_EQ(styleAt(text, placeOf(text, u"c"))->textLists().back()->markerFormat(), NSTextListMarkerDisc);
 }
 
+TEST(MarkdownImport, PutsItemsIntoTheChecklistAroundThem)
+{
+    const auto text = attributedStringWithMarkdown(u"- [x] a\n    - [ ] b\n- [ ] c");
+    const auto& outer = styleAt(text, placeOf(text, u"a"))->textLists();
+    const auto& inner = styleAt(text, placeOf(text, u"b"))->textLists();
+    ASSERT_EQ(inner.size(), 2U);
+    EXPECT_EQ(inner.front(), outer.front());
+    EXPECT_EQ(inner.front()->markerFormat(), NSTextListMarkerCheck);
+    EXPECT_EQ(inner.back()->markerFormat(), NSTextListMarkerCircle);
+}
+
 TEST(MarkdownImport, SetsFurtherParagraphsOfAnItemIn)
 {
     const auto text = attributedStringWithMarkdown(u"- a\n\n  b");
