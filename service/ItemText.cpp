@@ -5,7 +5,7 @@
 #include "platform/foundation/TextEncoding.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/media/ContentLimits.h"
-#include "platform/media/NSAttributedStringDocumentFormats.h"
+#include "platform/word/NSAttributedStringWord.h"
 #include "platform/media/PDFDocument.h"
 #include "service/JoinedLines.h"
 #include "service/MailText.h"

@@ -79,6 +79,9 @@ public:
 
     [[nodiscard]] std::size_t byteCount() const { return m_content.text.size(); }
 
+    /// What was appended so far. Valid until more is.
+    [[nodiscard]] std::string_view text() const { return m_content.text; }
+
     [[nodiscard]] const ContentLimits& limits() const { return m_limits; }
 
     /// How deep the container being read lies within others; readers that open members check it against the

@@ -17,8 +17,9 @@ constexpr std::array<std::string_view, 3> kUsualMainParts{"word/document.xml", "
 
 class RelationshipHandler final : public XMLHandler {
 public:
-    RelationshipHandler(std::string_view part, std::size_t limit)
+    RelationshipHandler(std::string_view part, bool isExternal, std::size_t limit)
         : m_part(part)
+        , m_isExternal(isExternal)
         , m_limit(limit)
     {
     }
@@ -26,18 +27,20 @@ public:
     void startElement(std::string_view localName, const XMLAttributes& attributes) override
     {
         const bool isExternal = attributes.value("TargetMode") == "External";
-        if (localName != "Relationship" || isExternal || relationships.size() >= m_limit)
+        if (localName != "Relationship" || isExternal != m_isExternal || relationships.size() >= m_limit)
             return;
         const auto type = attributes.value("Type");
+        const auto target = attributes.value("Target");
         relationships.push_back({std::string(attributes.value("Id")),
                                  std::string(type.substr(type.rfind('/') + 1)),
-                                 resolvedMemberName(m_part, attributes.value("Target"))});
+                                 isExternal ? std::string(target) : resolvedMemberName(m_part, target)});
     }
 
     std::vector<OfficePackage::Relationship> relationships;
 
 private:
     std::string_view m_part;
+    bool m_isExternal;
     std::size_t m_limit;
 };
 
@@ -96,16 +99,26 @@ std::string OfficePackage::mainPart()
 
 std::vector<OfficePackage::Relationship> OfficePackage::relationshipsOf(std::string_view part)
 {
+    auto relationships = listOf(part, false);
+    for (auto& relationship : relationships)
+        relationship.target = m_container.storedName(relationship.target);
+    std::erase_if(relationships, [](const auto& relationship) { return relationship.target.empty(); });
+    return relationships;
+}
+
+std::vector<OfficePackage::Relationship> OfficePackage::externalLinksOf(std::string_view part)
+{
+    return listOf(part, true);
+}
+
+std::vector<OfficePackage::Relationship> OfficePackage::listOf(std::string_view part, bool isExternal)
+{
     const auto nameStart = part.rfind('/') + 1;
     std::string listName(part.substr(0, nameStart));
     listName.append("_rels/").append(part.substr(nameStart)).append(".rels");
-    RelationshipHandler handler(part, m_sink.limits().entries);
+    RelationshipHandler handler(part, isExternal, m_sink.limits().entries);
     // A damaged list leaves parts unread, which the part that needs them shows.
     (void)readPart(listName, handler);
-    for (auto& relationship : handler.relationships)
-        relationship.target = m_container.storedName(relationship.target);
-    std::erase_if(handler.relationships,
-                  [](const auto& relationship) { return relationship.target.empty(); });
     return std::move(handler.relationships);
 }
 

@@ -32,6 +32,9 @@ public:
     /// The relationships of a part to others that this package has; of the package itself for the empty name.
     /// A damaged list gives those before the damage.
     [[nodiscard]] std::vector<Relationship> relationshipsOf(std::string_view part);
+    /// The relationships of a part to what lies outside of the package; each target is an address as it is
+    /// written. Nothing is ever fetched from there.
+    [[nodiscard]] std::vector<Relationship> externalLinksOf(std::string_view part);
     /// Parses a part, in constant memory.
     [[nodiscard]] PartStatus readPart(std::string_view name, XMLHandler& handler);
     /// The local name of a part's outermost element; empty when the part is absent or no XML.
@@ -44,6 +47,8 @@ public:
 
 private:
     OfficePackage(ZipContainer container, ContentSink& sink);
+
+    [[nodiscard]] std::vector<Relationship> listOf(std::string_view part, bool isExternal);
 
     ZipContainer m_container;
     ContentSink& m_sink;

@@ -44,7 +44,7 @@ OfficeTextHandler::Role OfficeTextHandler::roleOf(std::string_view localName)
     };
 
     // Sorted, for the binary search. Properties are hidden for the tabs and strings that they define.
-    static constexpr std::array<Row, 30> kRows{{
+    static constexpr std::array<Row, 31> kRows{{
         {"AlternateContent", Role::Alternatives},
         {"Choice", Role::Alternative},
         {"Fallback", Role::Alternative},
@@ -54,6 +54,7 @@ OfficeTextHandler::Role OfficeTextHandler::roleOf(std::string_view localName)
         {"comment", Role::Block},
         {"cr", Role::LineBreak},
         {"del", Role::Hidden},
+        {"den", Role::Cell},
         {"lists", Role::Hidden},
         {"moveFrom", Role::Hidden},
         {"noBreakHyphen", Role::NoBreakHyphen},

@@ -34,6 +34,8 @@ void readInsertedDocument(OfficePackage& package, const std::string& part, Conte
     sink.breakLine();
 }
 
+} // namespace
+
 void readFurtherPart(OfficePackage& package, const OfficePackage::Relationship& relationship,
                      ContentSink& sink)
 {
@@ -45,8 +47,6 @@ void readFurtherPart(OfficePackage& package, const OfficePackage::Relationship& 
     OfficeTextHandler handler(sink);
     (void)package.readPart(relationship.target, handler); // What could be read is text of the document.
 }
-
-} // namespace
 
 ReadResult readWordprocessingDocument(OfficePackage& package, std::string_view mainPart, ContentSink& sink)
 {

@@ -28,6 +28,10 @@ inline constexpr std::u16string_view NSCompanyDocumentAttribute = u"NSCompanyDoc
 inline constexpr std::u16string_view NSCopyrightDocumentAttribute = u"NSCopyrightDocumentAttribute";
 inline constexpr std::u16string_view NSManagerDocumentAttribute = u"NSManagerDocumentAttribute";
 inline constexpr std::u16string_view NSCategoryDocumentAttribute = u"NSCategoryDocumentAttribute";
+/// Dates.
+inline constexpr std::u16string_view NSCreationTimeDocumentAttribute = u"NSCreationTimeDocumentAttribute";
+inline constexpr std::u16string_view NSModificationTimeDocumentAttribute
+    = u"NSModificationTimeDocumentAttribute";
 
 /// An NSValue with an NSSize, in points, as are the margins: reals.
 inline constexpr std::u16string_view NSPaperSizeDocumentAttribute = u"PaperSize";
@@ -54,5 +58,6 @@ inline constexpr std::u16string_view NSPlainTextDocumentType = u"NSPlainText";
 inline constexpr std::u16string_view NSRTFTextDocumentType = u"NSRTF";
 inline constexpr std::u16string_view NSRTFDTextDocumentType = u"NSRTFD";
 inline constexpr std::u16string_view NSHTMLTextDocumentType = u"NSHTML";
+inline constexpr std::u16string_view NSOfficeOpenXMLTextDocumentType = u"NSOfficeOpenXML";
 
 inline constexpr int NSUTF8StringEncoding = 4;

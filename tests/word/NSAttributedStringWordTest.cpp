@@ -1,4 +1,4 @@
-#include "platform/media/NSAttributedStringDocumentFormats.h"
+#include "platform/word/NSAttributedStringWord.h"
 
 #include "platform/foundation/Unicode.h"
 #include "tests/support/SampleIndex.h"
