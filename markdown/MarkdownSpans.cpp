@@ -1,6 +1,7 @@
 #include "markdown/MarkdownSpans.h"
 
 #include "markdown/MarkdownEmphasis.h"
+#include "markdown/MarkdownTarget.h"
 #include "markdown/MarkdownText.h"
 #include "strings/MarkdownSyntax.h"
 
@@ -13,7 +14,6 @@
 namespace {
 
 constexpr auto kNone = std::u16string_view::npos;
-constexpr std::size_t kMostTargetUnits = 2048;
 /// Brackets within brackets; pieces of an image's description are looked at once for each around them.
 constexpr std::size_t kMostBrackets = 32;
 constexpr char16_t kLineSeparator = 0x2028;
@@ -189,15 +189,13 @@ private:
             return takeText(1);
         const auto bracket = m_brackets.back();
         m_brackets.pop_back();
-        const auto place = m_place++;
-        auto target = takeTarget();
-        if (!target) {
-            m_place = place;
+        const auto target = markdownTargetAtStart(m_text.substr(m_place + 1));
+        if (!target)
             return takeText(1);
-        }
+        m_place += 1 + target->length;
         pairFrom(bracket.delimiterCount);
         m_pieces[bracket.piece].text.clear();
-        const auto link = std::make_shared<const std::u16string>(std::move(*target));
+        const auto link = std::make_shared<const std::u16string>(target->text);
         if (bracket.isImage)
             return makeImage(bracket, link);
         for (auto piece = bracket.piece; piece < m_pieces.size(); ++piece) {
@@ -227,69 +225,11 @@ private:
             m_openHighlights.pop_back();
     }
 
-    /// What stands in parentheses: a target, and perhaps a title, which is left out.
-    std::optional<std::u16string> takeTarget()
-    {
-        const auto rest = m_text.substr(m_place, kMostTargetUnits);
-        if (!rest.starts_with(u'('))
-            return std::nullopt;
-        std::size_t end = 1;
-        auto target = rest.starts_with(u"(<") ? targetInAngles(rest, end) : plainTarget(rest, end);
-        if (!target)
-            return std::nullopt;
-        const auto closing = endOfTitle(rest, end);
-        if (closing == kNone)
-            return std::nullopt;
-        m_place += closing + 1;
-        return target;
-    }
-
-    static std::optional<std::u16string> targetInAngles(std::u16string_view rest, std::size_t& end)
-    {
-        const auto closing = rest.find_first_of(u">\n", 2);
-        if (closing == kNone || rest[closing] == u'\n')
-            return std::nullopt;
-        end = closing + 1;
-        return withoutMarkdownEscapes(rest.substr(2, closing - 2));
-    }
-
-    /// Up to a blank or to the parenthesis that closes; others must come in pairs.
-    static std::optional<std::u16string> plainTarget(std::u16string_view rest, std::size_t& end)
-    {
-        const auto start = end;
-        std::size_t depth = 0;
-        for (; end < rest.size() && !isMarkdownBlank(rest[end]); ++end) {
-            if (rest[end] == u')' && depth == 0)
-                break;
-            if (rest[end] == u'(')
-                ++depth;
-            else if (rest[end] == u')')
-                --depth;
-            else if (rest[end] == u'\\' && end + 1 < rest.size() && isMarkdownPunctuation(rest[end + 1]))
-                ++end;
-        }
-        end = std::min(end, rest.size());
-        return withoutMarkdownEscapes(rest.substr(start, end - start));
-    }
-
-    /// Where the parenthesis closes behind a title, if there is one.
-    static std::size_t endOfTitle(std::u16string_view rest, std::size_t start)
-    {
-        const auto next = rest.find_first_not_of(u" \t\n", start);
-        if (next == kNone || rest[next] == u')')
-            return next;
-        if (next == start || (rest[next] != u'"' && rest[next] != u'\''))
-            return kNone;
-        const auto titleEnd = rest.find(rest[next], next + 1);
-        const auto closing = titleEnd == kNone ? kNone : rest.find_first_not_of(u" \t\n", titleEnd + 1);
-        return closing != kNone && rest[closing] == u')' ? closing : kNone;
-    }
-
     // Angle brackets.
 
     void readTag()
     {
-        const auto rest = m_text.substr(m_place, kMostTargetUnits);
+        const auto rest = m_text.substr(m_place, kMostMarkdownTargetUnits);
         if (rest.starts_with(CVLMarkdownOpeningHighlightMarker) && m_lastHighlightEnd != kNone
             && m_lastHighlightEnd > m_place)
             return openHighlight();
