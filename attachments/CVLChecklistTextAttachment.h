@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The file type of every checklist attachment, and its type on the pasteboard.
 inline constexpr std::u16string_view CVLChecklistType = u"com.tessel.checklist";
@@ -29,7 +30,8 @@ class CVLChecklistTextAttachment final : public NSTextAttachment,
                                          public ChecklistIndentation,
                                          public std::enable_shared_from_this<CVLChecklistTextAttachment> {
 public:
-    /// The deepest level that is taken from an archive: exports write an indent for each.
+    /// The deepest level that is taken from an archive: exports write an indent for each, and bytes from
+    /// outside must not make them endless.
     static constexpr NSUInteger kMaximumArchivedLevel = 100;
 
     /// Without a file type and a cell; `init` makes one with both.

@@ -71,16 +71,17 @@ bool CVLFileAttachment::canViewInPlace() const
 void CVLFileAttachment::setFileWrapper(std::shared_ptr<NSFileWrapper> fileWrapper)
 {
     NSTextAttachment::setFileWrapper(std::move(fileWrapper));
-    if (m_fileAttachmentCell)
+    // A cell that is not installed is not ours to point here: nobody would tell it when this attachment goes.
+    if (m_fileAttachmentCell && currentAttachmentCell() == m_fileAttachmentCell)
         m_fileAttachmentCell->setAttachment(this);
 }
 
 std::shared_ptr<NSTextAttachmentCell> CVLFileAttachment::attachmentCell()
 {
-    if (!m_fileAttachmentCell) {
+    if (!m_fileAttachmentCell)
         m_fileAttachmentCell = std::make_shared<CVLFileAttachmentCell>();
+    if (currentAttachmentCell() != m_fileAttachmentCell)
         setAttachmentCell(m_fileAttachmentCell);
-    }
     return m_fileAttachmentCell;
 }
 

@@ -42,13 +42,13 @@ public:
     /// Its cell shows the icon and the name of the new file.
     void setFileWrapper(std::shared_ptr<NSFileWrapper> fileWrapper) override;
 
-    /// The drawing cell; null until `attachmentCell` made it.
+    /// The drawing cell; null until `attachmentCell` made it. Like it, for the thread that shows the text.
     [[nodiscard]] const std::shared_ptr<CVLFileAttachmentCell>& fileAttachmentCell() const
     {
         return m_fileAttachmentCell;
     }
 
-    /// Made on first use, and installed.
+    /// Always the file's own cell, made on first use, and installed in the place of any other.
     [[nodiscard]] std::shared_ptr<NSTextAttachmentCell> attachmentCell() override;
 
     [[nodiscard]] static const NSClass& classObject();

@@ -57,7 +57,9 @@ NSAttributedString captionOf(std::u16string name)
 void CVLFileAttachmentCell::setAttachment(NSTextAttachment* attachment)
 {
     NSTextAttachmentCell::setAttachment(attachment);
-    updateForFileWrapper();
+    // An attachment that goes takes itself away: the cell shows its file until there is another.
+    if (attachment)
+        updateForFileWrapper();
 }
 
 void CVLFileAttachmentCell::updateForFileWrapper()

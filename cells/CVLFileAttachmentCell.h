@@ -8,16 +8,17 @@
 /// is too narrow for it.
 class CVLFileAttachmentCell final : public NSTextAttachmentCell {
 public:
-    /// The side of the icon, and what the cell is higher than the name, in points.
-    static constexpr double kIconSide = 32.0;
+    /// What the cell is higher than the name, in points. The narrowest cell is as wide as the icon
+    /// (kIconSide).
     static constexpr double kHeightWithoutName = 37.0;
 
-    /// Shows the file of the new attachment.
+    /// Shows the file of the new attachment; with none (null), what it showed before.
     void setAttachment(NSTextAttachment* attachment) override;
 
     /// Takes icon and name from the attachment's file: the name on disk, or else the preferred one, without
-    /// the extension when the file hides it. The icon is that of the extension's type; a folder's or any
-    /// data's, when it is none that is known. Without a file there is no name.
+    /// the extension when the file hides it. File wrappers carry no icon here, so it is that of the
+    /// extension's type; a folder's or any data's, when it is none that is known. Without a file there is no
+    /// name.
     void updateForFileWrapper();
 
     /// Null until updateForFileWrapper.

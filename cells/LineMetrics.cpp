@@ -5,35 +5,36 @@
 #include "platform/text/NSFont.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace {
-
-NSFont::Ref fontOf(const NSAny& value)
-{
-    auto font = value.object<NSFont>();
-    return font ? font : NSFont::userFontOfSize(NSFont::kDefaultSize);
-}
 
 LineMetrics metricsOf(const NSFont& font)
 {
     return {CVLExtensions::lineHeight(font), font.descender()};
 }
 
+/// Of the fonts that there are in the range; none when there is none.
+std::optional<LineMetrics> metricsInRange(const NSAttributedString& text, NSRange range)
+{
+    std::optional<LineMetrics> metrics;
+    const auto visit = [&metrics](const NSAny& value, NSRange /*run*/, bool& /*stop*/) {
+        const auto font = value.object<NSFont>();
+        if (!font)
+            return;
+        const auto run = metricsOf(*font);
+        metrics = metrics ? LineMetrics{std::max(metrics->lineHeight, run.lineHeight),
+                                        std::min(metrics->descender, run.descender)}
+                          : run;
+    };
+    text.enumerateAttribute(NSFontAttributeName, range, {.longestEffectiveRangeNotRequired = true}, visit);
+    return metrics;
+}
+
 } // namespace
 
 LineMetrics lineMetricsAtIndex(const NSAttributedString* text, NSUInteger index)
 {
-    if (!text)
-        return metricsOf(*fontOf({}));
-    const auto line = text->lineRangeAtIndex(index);
-    if (line.length == 0)
-        return metricsOf(*fontOf(text->attribute(NSFontAttributeName, index)));
-    LineMetrics metrics;
-    const auto visit = [&metrics](const NSAny& value, NSRange /*range*/, bool& /*stop*/) {
-        const auto run = metricsOf(*fontOf(value));
-        metrics.lineHeight = std::max(metrics.lineHeight, run.lineHeight);
-        metrics.descender = std::min(metrics.descender, run.descender);
-    };
-    text->enumerateAttribute(NSFontAttributeName, line, {.longestEffectiveRangeNotRequired = true}, visit);
-    return metrics;
+    const auto metrics = text ? metricsInRange(*text, text->lineRangeAtIndex(index)) : std::nullopt;
+    return metrics ? *metrics : metricsOf(*NSFont::userFontOfSize(NSFont::kDefaultSize));
 }

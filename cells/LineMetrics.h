@@ -10,6 +10,6 @@ struct LineMetrics {
 };
 
 /// The largest line height and the lowest descender among the fonts of the line that holds the index, its
-/// line end included; for an empty line those of the font at the index. Text without a font is set in the
-/// user's default font, and so is no text (null).
+/// line end included. Runs without a font do not count, as boxes have none; a line without any font, an empty
+/// one or no text (null) is as the user's default font.
 [[nodiscard]] LineMetrics lineMetricsAtIndex(const NSAttributedString* text, NSUInteger index);

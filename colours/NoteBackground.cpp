@@ -10,8 +10,8 @@ NSColor::Ref defaultNoteBackgroundColor()
 {
     const auto data = NSUserDefaults::standardUserDefaults().dataForKey(CVLNoteDefaultBackgroundColorKey);
     auto stored = CVLSecureUnarchiveColorFromDataTransformer()
-                            .transformedValue(data ? NSAny(*data) : NSAny())
-                            .object<NSColor>();
+                      .transformedValue(data ? NSAny(*data) : NSAny())
+                      .object<NSColor>();
     // A user who chose pure white or black gets the background that follows the appearance instead.
     if (!stored || isWhiteColor(*stored) || isBlackColor(*stored))
         return NSColor::textBackgroundColor();

@@ -33,7 +33,7 @@ protected:
 struct NSPasteboardReading {
     /// The types that it reads, the best first.
     std::vector<std::u16string> readableTypes;
-    /// The object of a form; nil when it makes none.
+    /// The object of a form; nil when it makes none. Never null.
     NSAny (*initWithPasteboardPropertyList)(const NSAny& propertyList, std::u16string_view ofType) = nullptr;
 };
 
@@ -63,7 +63,7 @@ public:
     void clearContents() { m_items.clear(); }
 
     /// Puts an item on the board for each object, with all its forms; forms that are nil are left out, and so
-    /// are objects without any. False when nothing was put there.
+    /// are objects without any. No object is null. False when nothing was put there.
     bool writeObjects(std::span<const std::shared_ptr<const NSPasteboardWriting>> objects);
 
     [[nodiscard]] const std::vector<NSPasteboardItem>& pasteboardItems() const { return m_items; }

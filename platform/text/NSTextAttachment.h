@@ -17,6 +17,8 @@
 class NSTextAttachment : public NSCoding {
 public:
     NSTextAttachment() = default;
+    NSTextAttachment(const NSTextAttachment&) = delete;
+    NSTextAttachment& operator=(const NSTextAttachment&) = delete;
     ~NSTextAttachment() override;
 
     /// Null makes an attachment without a file.

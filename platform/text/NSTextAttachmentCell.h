@@ -15,6 +15,10 @@ class NSView;
 /// Views, containers and events are known to it by name only: they belong to the layer that shows text.
 class NSTextAttachmentCell : public NSCoding {
 public:
+    NSTextAttachmentCell() = default;
+    NSTextAttachmentCell(const NSTextAttachmentCell&) = delete;
+    NSTextAttachmentCell& operator=(const NSTextAttachmentCell&) = delete;
+
     /// Null while the cell belongs to no attachment.
     [[nodiscard]] NSTextAttachment* attachment() const { return m_attachment; }
 
@@ -40,7 +44,8 @@ public:
 
     /// Follows the mouse from the button's press, until it is released when `untilMouseUp` is set, else until
     /// it leaves `cellFrame`. True when it was released within the part of the cell that takes clicks. By
-    /// default nothing does.
+    /// default nothing does. Events come from the view meanwhile, and what they make the host do may drop the
+    /// attachment: whoever calls this holds the cell until it returns.
     virtual bool trackMouse(const NSEvent& event, NSRect cellFrame, NSView& ofView,
                             NSUInteger atCharacterIndex, bool untilMouseUp);
 

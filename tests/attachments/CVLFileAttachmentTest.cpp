@@ -71,6 +71,9 @@ TEST(CVLFileAttachment, CanShowDocumentsInPlaceThatNoPasswordProtects)
     EXPECT_TRUE(isViewable(u"com.adobe.pdf", pdfWithPages({"text"})));
     EXPECT_TRUE(isViewable(u"com.adobe.pdf", lockedPDF("")));
     EXPECT_FALSE(isViewable(u"com.adobe.pdf", lockedPDF("secret")));
+    auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
+    folder->setPreferredFilename(u"Report.pdf");
+    EXPECT_TRUE(CVLFileAttachment::initWithFileWrapper(folder)->canViewInPlace()) << "nothing locks it";
 }
 
 TEST(CVLFileAttachment, MakesItsCellOnFirstUse)
@@ -92,6 +95,31 @@ TEST(CVLFileAttachment, HasItsCellShowANewFile)
     attachment->setFileWrapper(fileNamed(u"other.txt"));
     EXPECT_EQ(attachment->fileAttachmentCell()->filenameString().string(), u"other.txt");
     EXPECT_EQ(attachment->fileAttachmentCell()->attachment(), attachment.get());
+}
+
+TEST(CVLFileAttachment, ReplacesAnyOtherCell)
+{
+    const auto attachment = CVLFileAttachment::initWithFileWrapper(fileNamed(u"notes.zip"));
+    const auto cell = attachment->attachmentCell();
+    const auto other = std::make_shared<NSTextAttachmentCell>();
+    attachment->setAttachmentCell(other);
+    EXPECT_EQ(cell->attachment(), nullptr);
+    EXPECT_EQ(attachment->attachmentCell(), cell);
+    EXPECT_EQ(cell->attachment(), attachment.get());
+    EXPECT_EQ(other->attachment(), nullptr);
+}
+
+TEST(CVLFileAttachment, LeavesNoCellBehindThatKnowsIt)
+{
+    auto attachment = CVLFileAttachment::initWithFileWrapper(fileNamed(u"notes.zip"));
+    const auto cell = attachment->attachmentCell();
+    attachment->setAttachmentCell(std::make_shared<NSTextAttachmentCell>());
+    attachment->setFileWrapper(fileNamed(u"other.zip"));
+    EXPECT_EQ(cell->attachment(), nullptr) << "not installed, so not pointed at the attachment";
+    (void)attachment->attachmentCell();
+    attachment.reset();
+    EXPECT_EQ(cell->attachment(), nullptr);
+    EXPECT_GE(cell->cellSize().width, 32);
 }
 
 TEST(CVLFileAttachment, AddsItsKeyToThoseOfTheBaseClass)

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <stdexcept>
 
 namespace {
 
@@ -181,6 +182,39 @@ TEST_F(ClickedCell, IsNotToggledByAReleaseElsewhere)
     EXPECT_FALSE(press(kInBox));
     EXPECT_FALSE(cell.isOn());
     EXPECT_EQ(delegate.count, 0);
+}
+
+TEST_F(ClickedCell, IsLeftWhereTheMouseLeavesItUnlessItIsFollowed)
+{
+    view.addEvent(NSEventType::LeftMouseDragged, kInIndent);
+    view.addEvent(NSEventType::LeftMouseUp, kInBox);
+    EXPECT_FALSE(
+        cell.trackMouse(HostTextView::event(NSEventType::LeftMouseDown, kInBox), kFrame, view, 7, false));
+    EXPECT_FALSE(cell.isOn());
+    EXPECT_EQ(delegate.count, 0);
+}
+
+TEST(CVLChecklistAttachmentCell, TogglesInAViewThatShowsNoText)
+{
+    class PlainView final : public NSView {
+    public:
+        [[nodiscard]] NSGraphicsContext& graphicsContext() override { throw std::logic_error("not drawn"); }
+
+        [[nodiscard]] NSPoint convertPoint(NSPoint point, const NSView* /*fromView*/) const override
+        {
+            return point;
+        }
+
+        [[nodiscard]] std::optional<NSEvent> nextMouseEvent() override
+        {
+            return NSEvent(NSEventType::LeftMouseUp, kInBox);
+        }
+    };
+
+    PlainView view;
+    CVLChecklistAttachmentCell cell;
+    EXPECT_TRUE(cell.trackMouse({NSEventType::LeftMouseDown, kInBox}, kFrame, view, 0, true));
+    EXPECT_TRUE(cell.isOn());
 }
 
 TEST_F(ClickedCell, TogglesWithoutADelegate)
