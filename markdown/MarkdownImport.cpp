@@ -122,7 +122,10 @@ private:
         style.setFirstLineHeadIndent(head);
         if (block.beginsItem)
             setItem(style, block, head);
-        return style.copy();
+        // Neighbours are mostly set alike and share their style.
+        if (!m_lastStyle || !m_lastStyle->isEqual(style))
+            m_lastStyle = style.copy();
+        return m_lastStyle;
     }
 
     void setItem(NSMutableParagraphStyle& style, const MarkdownBlock& block, double head)
@@ -233,6 +236,7 @@ private:
     const MarkdownImportOptions& m_options;
     NSMutableAttributedString m_text;
     NSAttributes m_lastAttributes;
+    NSParagraphStyle::Ref m_lastStyle;
     std::optional<MarkdownBlock> m_last;
     std::vector<OpenList> m_lists;
     NSParagraphStyle::TextBlocks m_quotes;
