@@ -16,6 +16,7 @@
 #include "strings/MarkdownFileExtensions.h"
 #include "styles/CVLNoteTextStyle.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -34,10 +35,11 @@ std::optional<std::string> bytesOf(const std::string& path, NSError* error)
 {
     const auto descriptor = FileDescriptor::openForReading(path);
     auto bytes = descriptor.isValid() ? readFile(descriptor.get(), kMostBytes + 1) : std::nullopt;
-    if (!bytes)
-        return fail(error,
-                    std::filesystem::is_directory(path) ? "it is a folder"
-                                                        : std::system_category().message(errno));
+    if (!bytes) {
+        const auto reason = std::system_category().message(errno);
+        std::error_code ignored; // The reason is known by then.
+        return fail(error, std::filesystem::is_directory(path, ignored) ? "it is a folder" : reason);
+    }
     if (bytes->size() > kMostBytes)
         return fail(error, "the file is larger than 32 MB");
     return bytes;
