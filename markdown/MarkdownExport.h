@@ -8,5 +8,7 @@
 /// boxes to tick, quotes (blocks that are no cells), code, rules, strong, emphasised, struck and highlighted
 /// text, and links. An attachment is an image or a link by its file's name. Beside that, tables become rows
 /// of cells between bars, the first of them their head. What Markdown has no form for is left out: sizes,
-/// colours, alignment. Ends with a line end unless it is empty. Linear in the text.
+/// colours, alignment. Emphasis that begins or ends between punctuation and a letter has its markers too, but
+/// Markdown has no rule by which they would be read as such. Ends with a line end unless it is empty. Linear
+/// in the text.
 [[nodiscard]] std::u16string markdownWithAttributedString(const NSAttributedString& text);

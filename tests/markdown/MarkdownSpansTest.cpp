@@ -62,6 +62,8 @@ TEST(MarkdownSpans, HaveEmphasisAndStrongText)
         {u"*a**", "{i:a}*"},
         {u"*a**b*", "{i:a**b}"},
         {u"2*3*4", "2{i:3}4"},
+        {u"*x***y** z", "{i:x}{b:y} z"},
+        {u"**(a)**b", "**(a)**b"},
     });
 }
 
