@@ -2,6 +2,7 @@
 
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/FileNameText.h"
+#include "platform/foundation/NSURLResourceValues.h"
 
 #include <fmt/format.h>
 
@@ -12,7 +13,6 @@
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 #include <utility>
 
@@ -32,30 +32,15 @@ NSDate dateFromSeconds(std::int64_t seconds, double nanoseconds)
     return {static_cast<double>(seconds) - kReferenceDate + nanoseconds / 1e9};
 }
 
-std::optional<NSDate> creationDate(int descriptor)
-{
-    struct statx status { };
-
-    if (::statx(descriptor, "", AT_EMPTY_PATH | AT_SYMLINK_NOFOLLOW, STATX_BTIME, &status) != 0
-        || (status.stx_mask & STATX_BTIME) == 0)
-        return std::nullopt;
-    return dateFromSeconds(status.stx_btime.tv_sec, status.stx_btime.tv_nsec);
-}
-
-bool isExtensionHidden(int descriptor)
-{
-    char value = 0;
-    return ::fgetxattr(descriptor, kExtensionHiddenAttribute, &value, 1) == 1 && value == '1';
-}
-
 NSFileAttributes attributesOf(int descriptor, const struct stat& status)
 {
     NSFileAttributes attributes;
     attributes.posixPermissions = status.st_mode & kPermissionBits;
     attributes.modificationDate
         = dateFromSeconds(status.st_mtim.tv_sec, static_cast<double>(status.st_mtim.tv_nsec));
-    attributes.creationDate = creationDate(descriptor);
-    attributes.extensionHidden = isExtensionHidden(descriptor);
+    const auto values = NSURLResourceValues::resourceValuesOfFile(descriptor);
+    attributes.creationDate = values.creationDate;
+    attributes.extensionHidden = values.hasHiddenExtension.value_or(false);
     return attributes;
 }
 
