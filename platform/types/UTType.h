@@ -59,6 +59,7 @@ inline constexpr std::string_view kUTTypeEmailMessage = "public.email-message";
 inline constexpr std::string_view kUTTypePDF = "com.adobe.pdf";
 inline constexpr std::string_view kUTTypeImage = "public.image";
 inline constexpr std::string_view kUTTypeMovie = "public.movie";
+inline constexpr std::string_view kUTTypeAudio = "public.audio";
 inline constexpr std::string_view kUTTypeRTF = "public.rtf";
 inline constexpr std::string_view kUTTypeRTFD = "com.apple.rtfd";
 inline constexpr std::string_view kUTTypeWordDocument = "org.openxmlformats.wordprocessingml.document";
