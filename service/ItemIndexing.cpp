@@ -1,5 +1,6 @@
 #include "service/ItemIndexing.h"
 
+#include "note/NotePackage.h"
 #include "platform/media/PDFTextCache.h"
 #include "service/AttachmentIndexing.h"
 #include "service/CVLIndexingError.h"

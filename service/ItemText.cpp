@@ -1,5 +1,6 @@
 #include "service/ItemText.h"
 
+#include "note/NotePackage.h"
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/TextEncoding.h"

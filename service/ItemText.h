@@ -9,9 +9,6 @@
 #include <string>
 #include <string_view>
 
-/// The type of the application's note packages.
-inline constexpr std::string_view CVLNoteType = "com.tessel.corvel.note";
-
 /// Which rule decided what text an item has, in the order in which the rules are tried.
 enum class ItemTextRule { RecognisedText, NotePackage, MailMessage, PDF, Text, WordDocument, Image, ByFile };
 

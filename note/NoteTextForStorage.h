@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/foundation/NSFileWrapper.h"
+#include "platform/text/NSAttributedString.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The names of the text attributes that packages store. Made once.
+[[nodiscard]] const std::set<std::u16string_view>& storedAttributeNames();
+
+/// Removes all other attributes.
+void removeAttributesNotStored(NSMutableAttributedString& text);
+
+/// What is stored beside a note's text instead of in it.
+struct StoredAttachments {
+    /// The files, under the names that the text refers to them by.
+    std::map<std::u16string, NSFileWrapper::Ref> members;
+    /// Where dividers stand as text, ascending.
+    std::vector<NSRange> dividerRanges;
+};
+
+/// Takes files and dividers out of the text: files become placeholders with the names of members, dividers
+/// become the asterisks that stand for them. Of two files of one name the second is copied under a fresh
+/// unique name with the same extension, and so is a file that is called as one of the package's own members
+/// or as no file can be. Checklist boxes and attachments whose file has no preferred name stay in the text as
+/// they are.
+[[nodiscard]] StoredAttachments takeAttachments(NSMutableAttributedString& text);

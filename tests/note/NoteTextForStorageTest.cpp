@@ -1,0 +1,208 @@
+#include "note/NoteTextForStorage.h"
+
+#include "attachments/CVLDividerTextAttachment.h"
+#include "attachments/CVLFileAttachment.h"
+#include "platform/foundation/Unicode.h"
+#include "tests/note/NotePackages.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+using testing::Not;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+constexpr const char* kUUID = "[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}";
+
+class NoteTextForStorage : public StyleTest {
+protected:
+    static std::string nameAt(const NSAttributedString& text, NSUInteger location)
+    {
+        return UTF8FromUTF16(attachmentAt(text, location)->fileWrapper()->preferredFilename().value());
+    }
+
+    static std::string contentsOf(const StoredAttachments& stored, const std::string& name)
+    {
+        return stored.members.at(UTF16FromUTF8(name))->regularFileContents()->bytes;
+    }
+};
+
+} // namespace
+
+TEST_F(NoteTextForStorage, StoresTwentyThreeAttributes)
+{
+    EXPECT_THAT(storedAttributeNames(),
+                UnorderedElementsAre(u"CVLHighlightTextAttribute", u"CVLNoteTextStyleIdentifier", u"NSFont",
+                                     u"NSParagraphStyle", u"NSColor", u"NSBackgroundColor", u"NSLigature",
+                                     u"NSKern", u"NSStrikethrough", u"NSUnderline", u"NSStrokeColor",
+                                     u"NSStrokeWidth", u"NSShadow", u"NSTextEffect", u"NSAttachment",
+                                     u"NSLink", u"NSBaselineOffset", u"NSUnderlineColor",
+                                     u"NSStrikethroughColor", u"NSObliqueness", u"NSExpansion",
+                                     u"NSWritingDirection", u"CTVerticalForms"));
+    EXPECT_EQ(&storedAttributeNames(), &storedAttributeNames());
+}
+
+TEST_F(NoteTextForStorage, LeavesOtherAttributesOut)
+{
+    auto text = NoteText()
+                    .add(u"a", {{u"NSToolTip", u"tip"}, {u"NSKern", 1.5}})
+                    .add(u"b", {{u"NSKern", 2.5}})
+                    .add(u"c", {{u"NSSuperScript", 1}})
+                    .add(u"d")
+                    .text();
+    removeAttributesNotStored(text);
+    EXPECT_EQ(text, NoteText().add(u"a", {{u"NSKern", 1.5}}).add(u"b", {{u"NSKern", 2.5}}).add(u"cd").text());
+}
+
+TEST_F(NoteTextForStorage, HasEmptyPlaceholdersForFiles)
+{
+    const auto file = makeFile(u"a.png", "image");
+    const auto archived = NSTextAttachment::initWithFileWrapper(file);
+    auto text = NoteText().add(u"x").addAttachment(archived).text();
+    const auto stored = takeAttachments(text);
+    EXPECT_NE(attachmentAt(text, 1), archived);
+    EXPECT_EQ(nameAt(text, 1), "a.png");
+    EXPECT_EQ(contentsAt(text, 1), "");
+    EXPECT_THAT(stored.members, ElementsAre(testing::Pair(u"a.png", file)));
+    EXPECT_EQ(archived->fileWrapper(), file);
+}
+
+TEST_F(NoteTextForStorage, HasPlaceholdersWithTheAttributesOfTheirFiles)
+{
+    auto folder = NSFileWrapper::initDirectoryWithFileWrappers({{u"inner", makeFile(u"inner")}});
+    folder->setPreferredFilename(u"a.pages");
+    auto attributes = folder->fileAttributes();
+    attributes.posixPermissions = 0750;
+    attributes.extensionHidden = true;
+    folder->setFileAttributes(attributes);
+    auto text = NoteText().addAttachment(NSTextAttachment::initWithFileWrapper(folder)).text();
+    (void)takeAttachments(text);
+    const auto placeholder = attachmentAt(text, 0)->fileWrapper();
+    EXPECT_TRUE(placeholder->isRegularFile());
+    EXPECT_EQ(placeholder->fileAttributes().posixPermissions, 0750U);
+    EXPECT_TRUE(placeholder->fileAttributes().extensionHidden);
+}
+
+TEST_F(NoteTextForStorage, HasAttachmentsOfTheSameClass)
+{
+    auto text = NoteText()
+                    .addAttachment(CVLFileAttachment::initWithFileWrapper(makeFile(u"a.zip")))
+                    .addAttachment(makeAttachment(u"b.png"))
+                    .text();
+    (void)takeAttachments(text);
+    EXPECT_TRUE(isAttachment<CVLFileAttachment>(text, 0));
+    EXPECT_TRUE(isAttachment<NSTextAttachment>(text, 1));
+}
+
+TEST_F(NoteTextForStorage, NamesTheSecondOfTwoFilesAfresh)
+{
+    auto text = NoteText()
+                    .addAttachment(makeAttachment(u"image.png", "first"))
+                    .addAttachment(makeAttachment(u"image.png", "second"))
+                    .addAttachment(makeAttachment(u"Makefile", "third"))
+                    .addAttachment(makeAttachment(u"Makefile", "fourth"))
+                    .text();
+    const auto stored = takeAttachments(text);
+    EXPECT_EQ(stored.members.size(), 4U);
+    EXPECT_EQ(nameAt(text, 0), "image.png");
+    EXPECT_EQ(contentsOf(stored, "image.png"), "first");
+    EXPECT_THAT(nameAt(text, 1), MatchesRegex(std::string(kUUID) + "\\.png"));
+    EXPECT_EQ(contentsOf(stored, nameAt(text, 1)), "second");
+    EXPECT_EQ(nameAt(text, 2), "Makefile");
+    EXPECT_THAT(nameAt(text, 3), MatchesRegex(kUUID));
+    EXPECT_EQ(contentsOf(stored, nameAt(text, 3)), "fourth");
+}
+
+TEST_F(NoteTextForStorage, LeavesTheFileItNamesAfreshAsItIs)
+{
+    const auto second = makeFile(u"image.png", "second");
+    auto text = NoteText()
+                    .addAttachment(makeAttachment(u"image.png", "first"))
+                    .addAttachment(NSTextAttachment::initWithFileWrapper(second))
+                    .text();
+    const auto stored = takeAttachments(text);
+    EXPECT_EQ(second->preferredFilename(), u"image.png");
+    EXPECT_NE(stored.members.at(UTF16FromUTF8(nameAt(text, 1))), second);
+}
+
+TEST_F(NoteTextForStorage, StoresAFileTwiceThatStandsInTwoPlaces)
+{
+    const auto file = makeFile(u"image.png", "image");
+    auto text = NoteText()
+                    .addAttachment(NSTextAttachment::initWithFileWrapper(file))
+                    .add(u"x")
+                    .addAttachment(NSTextAttachment::initWithFileWrapper(file))
+                    .text();
+    const auto stored = takeAttachments(text);
+    EXPECT_EQ(stored.members.size(), 2U);
+    EXPECT_NE(nameAt(text, 2), "image.png");
+    EXPECT_EQ(contentsOf(stored, nameAt(text, 2)), "image");
+}
+
+TEST_F(NoteTextForStorage, NamesFilesAfreshThatAreCalledAsThePackagesOwn)
+{
+    for (const auto name : {kNoteTextMember, kNoteAttributesMember, kNoteRTFMember}) {
+        auto text = NoteText().addAttachment(makeAttachment(name)).text();
+        const auto stored = takeAttachments(text);
+        EXPECT_THAT(nameAt(text, 0), MatchesRegex(std::string(kUUID) + "(\\.rtf)?"));
+        EXPECT_EQ(contentsOf(stored, nameAt(text, 0)), "contents");
+    }
+}
+
+TEST_F(NoteTextForStorage, NamesFilesAfreshThatAreCalledAsNoFileCanBe)
+{
+    for (const auto* name : {u"..", u".", u"../up.png", u"folder/image.png", u"/etc/passwd"}) {
+        auto text = NoteText().addAttachment(makeAttachment(name)).text();
+        const auto stored = takeAttachments(text);
+        EXPECT_THAT(nameAt(text, 0), MatchesRegex(std::string(kUUID) + "(\\.png)?"));
+        EXPECT_EQ(contentsOf(stored, nameAt(text, 0)), "contents");
+    }
+}
+
+TEST_F(NoteTextForStorage, LeavesAttachmentsWithoutANameInTheText)
+{
+    const auto nameless
+        = NSTextAttachment::initWithFileWrapper(NSFileWrapper::initRegularFileWithContents({"contents"}));
+    const auto fileless = NSTextAttachment::initWithData(NSData{"data"}, u"public.png");
+    auto text = NoteText().addAttachment(nameless).addAttachment(fileless).text();
+    const auto stored = takeAttachments(text);
+    EXPECT_THAT(stored.members, IsEmpty());
+    EXPECT_EQ(attachmentAt(text, 0), nameless);
+    EXPECT_EQ(contentsAt(text, 0), "contents");
+    EXPECT_EQ(attachmentAt(text, 1), fileless);
+}
+
+TEST_F(NoteTextForStorage, LeavesChecklistBoxesInTheText)
+{
+    const auto box = makeBox(true, 1);
+    auto text = NoteText().addAttachment(box).text();
+    EXPECT_THAT(takeAttachments(text).members, IsEmpty());
+    EXPECT_EQ(attachmentAt(text, 0), box);
+}
+
+TEST_F(NoteTextForStorage, HasAsterisksForDividers)
+{
+    auto text = NoteText().add(u"a").addAttachment(CVLDividerTextAttachment::init()).add(u"b").text();
+    const auto stored = takeAttachments(text);
+    EXPECT_EQ(text.string(), u"a***b");
+    EXPECT_THAT(stored.dividerRanges, ElementsAre(NSRange{1, 3}));
+    EXPECT_EQ(text.attributedSubstringFromRange({1, 3}), CVLDividerTextAttachment::replacementString());
+}
+
+TEST_F(NoteTextForStorage, HasTheRangesOfDividersInTheStoredText)
+{
+    auto text = NoteText()
+                    .addAttachment(CVLDividerTextAttachment::init())
+                    .add(u"ab")
+                    .addAttachment(makeAttachment(u"a.png"))
+                    .addAttachment(CVLDividerTextAttachment::init())
+                    .addAttachment(CVLDividerTextAttachment::init())
+                    .text();
+    const auto stored = takeAttachments(text);
+    EXPECT_EQ(text.string(), u"***ab\uFFFC******");
+    EXPECT_THAT(stored.dividerRanges, ElementsAre(NSRange{0, 3}, NSRange{6, 3}, NSRange{9, 3}));
+    EXPECT_EQ(nameAt(text, 5), "a.png");
+}
