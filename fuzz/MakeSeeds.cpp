@@ -27,6 +27,7 @@ constexpr std::array kTargets{
     SeededTarget{"FuzzOfficeDocument", officeDocumentSeeds},
     SeededTarget{"FuzzPropertyList", propertyListSeeds},
     SeededTarget{"FuzzTextEncoding", textEncodingSeeds},
+    SeededTarget{"FuzzWordReader", wordReaderSeeds},
 };
 
 void writeSeeds(const SeededTarget& target, const std::filesystem::path& folder)

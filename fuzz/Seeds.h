@@ -16,3 +16,4 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> officeDocumentSeeds();
 [[nodiscard]] std::vector<Seed> propertyListSeeds();
 [[nodiscard]] std::vector<Seed> textEncodingSeeds();
+[[nodiscard]] std::vector<Seed> wordReaderSeeds();

@@ -59,11 +59,12 @@ NSAny wordsOf(std::u16string_view text)
 
 std::optional<int> digits(std::string_view text, std::size_t start, std::size_t count)
 {
+    if (text.size() < start + count)
+        return std::nullopt;
     int number = 0;
     const auto part = text.substr(start, count);
     const auto result = std::from_chars(part.data(), part.data() + part.size(), number);
-    const bool isWhole = part.size() == count && result.ec == std::errc()
-        && result.ptr == part.data() + part.size() && number >= 0;
+    const bool isWhole = result.ec == std::errc() && result.ptr == part.data() + part.size() && number >= 0;
     return isWhole ? std::optional(number) : std::nullopt;
 }
 
@@ -83,12 +84,11 @@ NSAny valueOf(std::string_view bytes, Kind kind)
 NSAny wordDate(std::string_view text)
 {
     using namespace std::chrono;
-    constexpr std::size_t kDateLength = 10;
     constexpr std::size_t kTimeLength = 19;
     const auto yearNumber = digits(text, 0, 4);
     const auto monthNumber = digits(text, 5, 2);
     const auto dayNumber = digits(text, 8, 2);
-    if (text.size() < kDateLength || !yearNumber || !monthNumber || !dayNumber)
+    if (!yearNumber || !monthNumber || !dayNumber)
         return {};
     const year_month_day date{year(*yearNumber), month(static_cast<unsigned>(*monthNumber)),
                               day(static_cast<unsigned>(*dayNumber))};
