@@ -146,8 +146,9 @@ public:
     void setAttributes(const NSAttributes& attributes, NSRange range);
     void removeAttribute(std::u16string_view name, NSRange range);
 
-    /// Edits between the two are one batch: `fixAttributesInRange` runs over what they touched, once, when
-    /// the outermost batch ends. Without a batch nothing is fixed by itself.
+    /// Edits between the two are one batch: when the outermost batch ends, `fixAttachmentAttributeInRange`
+    /// runs over what they touched, from the first edit to the last, once. Paragraph styles stay as they were
+    /// set, and without a batch nothing is fixed by itself.
     void beginEditing();
     void endEditing();
 

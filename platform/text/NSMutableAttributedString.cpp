@@ -156,7 +156,7 @@ void NSMutableAttributedString::endEditing()
     if (m_editingDepth == 0 || --m_editingDepth > 0)
         return;
     if (const auto edited = std::exchange(m_editedRange, std::nullopt))
-        fixAttributesInRange(*edited);
+        fixAttachmentAttributeInRange(*edited);
 }
 
 void NSMutableAttributedString::fixAttributesInRange(NSRange range)

@@ -110,18 +110,50 @@ TEST(ListRecognition, GivesEachLineAListOfItsOwn)
     EXPECT_EQ(listsAt(text, 16)[0]->startingItemNumber(), 3);
 }
 
-TEST(ListRecognition, GivesTheWholeParagraphItsLineEndTooTheStyle)
+TEST(ListRecognition, LeavesTheLineEndItsStyle)
 {
-    const auto text = recognized(u"\t\u2022\ta\nb");
-    EXPECT_EQ(listsAt(text, 4).size(), 1U);
-    EXPECT_TRUE(listsAt(text, 5).empty());
+    for (const std::u16string lineEnd : {u"\n", u"\r", u"\r\n", u"\u2028", u"\u2029", u"\u0085"}) {
+        const auto text = recognized(u"\t\u2022\ta" + lineEnd + u"b");
+        EXPECT_EQ(listsAt(text, 3).size(), 1U);
+        for (NSUInteger index = 4; index < text.length(); ++index)
+            EXPECT_TRUE(listsAt(text, index).empty()) << index;
+    }
 }
 
-TEST(ListRecognition, GivesALineBreakWithinAParagraphTheListOfItsFirstLine)
+TEST(ListRecognition, GivesTheLinesOfOneParagraphTheirOwnLists)
 {
-    const auto text = recognized(u"\t\u2022\ta\u2028\t1.\tb\n");
+    const auto text = recognized(u"\t\u2022\ta\u2028\t7.\tb\n");
     ASSERT_EQ(listsAt(text, 0).size(), 1U);
-    EXPECT_EQ(listsAt(text, 5), listsAt(text, 0));
+    EXPECT_EQ(listsAt(text, 0)[0]->markerFormat(), NSTextListMarkerDisc);
+    ASSERT_EQ(listsAt(text, 5).size(), 1U);
+    EXPECT_EQ(listsAt(text, 5)[0]->markerFormat(), u"{decimal}.");
+    EXPECT_EQ(listsAt(text, 5)[0]->startingItemNumber(), 7);
+}
+
+TEST(ListRecognition, TakesALineForWhatItsFirstCharacterIsSetAs)
+{
+    const auto list = CVLExtensions::listParagraphStyle();
+    const NSMutableParagraphStyle plain;
+    const auto text
+        = recognized(NoteText().add(u"\t\u2022\t", list).add(u"a\n\t-", plain).add(u"\tb\n", list).text());
+    EXPECT_EQ(listsAt(text, 3).size(), 1U);
+    for (NSUInteger index = 4; index < text.length(); ++index)
+        EXPECT_TRUE(listsAt(text, index).empty()) << index;
+}
+
+TEST(ListRecognition, LeavesWhatStandsBetweenItemsAsItIs)
+{
+    auto indented = CVLExtensions::listParagraphStyle();
+    indented.setHeadIndent(50);
+    const auto list = CVLExtensions::listParagraphStyle();
+    const auto text = NoteText()
+                          .add(u"\t-\ta\n", list)
+                          .add(u"pl", NSMutableParagraphStyle())
+                          .add(u"ain\n", indented)
+                          .add(u"\t-\tb\n", list)
+                          .text();
+    EXPECT_EQ(recognized(text).attributedSubstringFromRange({4, 7}),
+              text.attributedSubstringFromRange({4, 7}));
 }
 
 TEST(ListRecognition, KeepsTheRestOfTheStyle)

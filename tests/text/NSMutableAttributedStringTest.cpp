@@ -301,3 +301,15 @@ TEST(NSMutableAttributedString, FixesWhatABatchOfEditsTouchedWhenItEnds)
     EXPECT_EQ(text.attribute(NSAttachmentAttributeName, 7), NSAny(1));
     text.endEditing();
 }
+
+TEST(NSMutableAttributedString, KeepsTheParagraphStylesThatABatchOfEditsSet)
+{
+    NSMutableAttributedString text(u"one\ntwo\nthree");
+    text.addAttribute(NSParagraphStyleAttributeName, 1, {5, 1});
+    text.beginEditing();
+    text.addAttribute(NSParagraphStyleAttributeName, 2, {0, 3});
+    text.addAttribute(NSParagraphStyleAttributeName, 3, {8, 2});
+    const auto edited = text.copy();
+    text.endEditing();
+    EXPECT_EQ(text, edited);
+}
