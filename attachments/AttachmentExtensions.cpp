@@ -2,7 +2,6 @@
 
 #include "attachments/CVLChecklistTextAttachment.h"
 #include "platform/foundation/NSStringPaths.h"
-#include "platform/foundation/Unicode.h"
 #include "platform/media/PDFDocument.h"
 #include "platform/types/UTType.h"
 
@@ -17,9 +16,7 @@ const NSData* contentsOf(const NSTextAttachment& attachment)
 
 bool isPDF(const NSTextAttachment& attachment)
 {
-    const auto fileType = attachment.fileType();
-    const auto type = fileType ? UTType::typeWithIdentifier(UTF8FromUTF16(*fileType)) : std::nullopt;
-    return type && type->conformsToType(kUTTypePDF);
+    return UTType::identifierConformsToType(attachment.fileType().value_or(u""), kUTTypePDF);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "attachments/AttachmentExtensions.h"
 #include "cells/CVLFileAttachmentCell.h"
 #include "platform/foundation/NSCoder.h"
-#include "platform/foundation/Unicode.h"
 #include "platform/types/UTType.h"
 
 #include <utility>
@@ -12,15 +11,10 @@ namespace {
 
 constexpr std::string_view kConvertToInPlaceOnMacKey = "convertToInPlaceOnMac";
 
-bool conformsToType(const std::u16string& identifier, std::string_view type)
-{
-    const auto known = UTType::typeWithIdentifier(UTF8FromUTF16(identifier));
-    return known && known->conformsToType(type);
-}
-
 bool isImageOrMovie(const std::u16string& fileType)
 {
-    return conformsToType(fileType, kUTTypeImage) || conformsToType(fileType, kUTTypeMovie);
+    return UTType::identifierConformsToType(fileType, kUTTypeImage)
+        || UTType::identifierConformsToType(fileType, kUTTypeMovie);
 }
 
 } // namespace
@@ -55,7 +49,7 @@ std::shared_ptr<NSTextAttachment> CVLFileAttachment::makeOfSameClass() const
 
 bool CVLFileAttachment::shouldUseForFileType(const std::optional<std::u16string>& fileType)
 {
-    return fileType && !isImageOrMovie(*fileType) && !conformsToType(*fileType, kUTTypePDF);
+    return fileType && !isImageOrMovie(*fileType) && !UTType::identifierConformsToType(*fileType, kUTTypePDF);
 }
 
 bool CVLFileAttachment::canViewInPlace() const
@@ -63,7 +57,7 @@ bool CVLFileAttachment::canViewInPlace() const
     const auto type = fileType();
     if (!type)
         return false;
-    if (conformsToType(*type, kUTTypePDF))
+    if (UTType::identifierConformsToType(*type, kUTTypePDF))
         return !CVLExtensions::isPasswordProtectedPDF(*this);
     return isImageOrMovie(*type);
 }

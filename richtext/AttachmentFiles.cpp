@@ -2,7 +2,6 @@
 
 #include "platform/foundation/FileNameText.h"
 #include "platform/foundation/NSLog.h"
-#include "platform/foundation/Unicode.h"
 #include "platform/types/UTType.h"
 #include "richtext/AttachmentRuns.h"
 #include "strings/FileNames.h"
@@ -13,18 +12,12 @@ namespace {
 
 constexpr std::size_t kTooLongName = 256;
 
-bool isImageType(std::u16string_view identifier)
-{
-    const auto type = UTType::typeWithIdentifier(UTF8FromUTF16(identifier));
-    return type && type->conformsToType(kUTTypeImage);
-}
-
 /// Where the attachment's file was written; none when it was not.
 std::optional<NSURL> writeUnlessImage(const NSTextAttachment& attachment, const NSURL& folder)
 {
     const auto& file = attachment.fileWrapper();
     const auto type = attachment.fileType();
-    if (!file || !file->filename() || !type || isImageType(*type))
+    if (!file || !file->filename() || !type || UTType::identifierConformsToType(*type, kUTTypeImage))
         return std::nullopt;
     const auto name = fileNameFromText(*file->filename());
     if (!isFileName(std::string_view(name))) {

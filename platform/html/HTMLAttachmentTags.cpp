@@ -22,16 +22,11 @@ std::u16string nameOfFile(const NSFileWrapper& file)
     return file.preferredFilename().value_or(u"");
 }
 
-std::optional<UTType> typeOf(const NSTextAttachment& attachment)
+std::string tagWithContents(const NSTextAttachment& attachment, std::u16string_view fileType)
 {
-    const auto identifier = attachment.fileType();
-    return identifier ? UTType::typeWithIdentifier(UTF8FromUTF16(*identifier)) : std::nullopt;
-}
-
-std::string tagWithContents(const NSTextAttachment& attachment, const std::optional<UTType>& type)
-{
+    const auto type = UTType::typeWithIdentifier(UTF8FromUTF16(fileType));
     const auto mimeType = type ? type->preferredMIMEType() : std::nullopt;
-    if (!attachment.contents() || !mimeType || !type->conformsToType(kUTTypeImage))
+    if (!attachment.contents() || !mimeType || !UTType::identifierConformsToType(fileType, kUTTypeImage))
         return {};
     return fmt::format(R"(<img src="data:{};base64,{}" alt="">)", *mimeType,
                        base64EncodedString(attachment.contents()->bytes));
@@ -65,10 +60,11 @@ std::string htmlObjectTag(std::u16string_view name)
 
 std::string htmlTagForAttachment(const NSTextAttachment& attachment)
 {
-    const auto type = typeOf(attachment);
+    const auto fileType = attachment.fileType().value_or(u"");
     const auto name = attachment.fileWrapper() ? nameOfFile(*attachment.fileWrapper()) : std::u16string();
     if (name.empty())
-        return tagWithContents(attachment, type);
-    const bool isShown = type && (type->conformsToType(kUTTypeImage) || type->conformsToType(kUTTypePDF));
+        return tagWithContents(attachment, fileType);
+    const bool isShown = UTType::identifierConformsToType(fileType, kUTTypeImage)
+        || UTType::identifierConformsToType(fileType, kUTTypePDF);
     return isShown ? htmlImageTag(name) : htmlObjectTag(name);
 }

@@ -1,5 +1,6 @@
 #include "platform/types/UTType.h"
 
+#include "platform/foundation/Unicode.h"
 #include "platform/types/DynamicType.h"
 #include "platform/types/TypeDeclarations.h"
 
@@ -175,6 +176,12 @@ bool UTType::conformsToType(std::string_view identifier) const
     const auto& ancestors = m_declaration->ancestors;
     return m_declaration->identifier == identifier
         || std::find(ancestors.begin(), ancestors.end(), identifier) != ancestors.end();
+}
+
+bool UTType::identifierConformsToType(std::u16string_view identifier, std::string_view type)
+{
+    const auto known = typeWithIdentifier(UTF8FromUTF16(identifier));
+    return known && known->conformsToType(type);
 }
 
 std::optional<std::string> UTType::preferredMIMEType() const

@@ -29,6 +29,8 @@ public:
     /// Whether this type is `other` or has it among its ancestors.
     [[nodiscard]] bool conformsToType(const UTType& other) const;
     [[nodiscard]] bool conformsToType(std::string_view identifier) const;
+    /// Whether an identifier, that of an attachment's type, is known and its type conforms to `type`.
+    [[nodiscard]] static bool identifierConformsToType(std::u16string_view identifier, std::string_view type);
     /// None where the type declares none (abstract types, folders).
     [[nodiscard]] std::optional<std::string> preferredMIMEType() const;
     [[nodiscard]] std::optional<std::string> preferredFilenameExtension() const;

@@ -192,3 +192,20 @@ TEST(UTType, PrefersTheFirstMIMETypeAndExtension)
     EXPECT_EQ(UTType::typeWithIdentifier("public.text")->preferredMIMEType(), std::nullopt);
     EXPECT_EQ(UTType::typeWithIdentifier("public.folder")->preferredFilenameExtension(), std::nullopt);
 }
+
+TEST(UTType, TellsOfAnIdentifierWhatItConformsTo)
+{
+    EXPECT_TRUE(UTType::identifierConformsToType(u"public.png", kUTTypeImage));
+    EXPECT_TRUE(UTType::identifierConformsToType(u"public.image", kUTTypeImage));
+    EXPECT_FALSE(UTType::identifierConformsToType(u"com.adobe.pdf", kUTTypeImage));
+    const auto dynamic = UTType::typeWithMIMEType("image/x-unheard-of").value().identifier();
+    EXPECT_TRUE(
+        UTType::identifierConformsToType(std::u16string(dynamic.begin(), dynamic.end()), kUTTypeImage));
+}
+
+TEST(UTType, TellsNothingOfIdentifiersItDoesNotKnow)
+{
+    for (const auto* identifier : {u"", u"unheard.of", u"public.p\u00F1g", u"Public.png"})
+        EXPECT_FALSE(UTType::identifierConformsToType(identifier, kUTTypeData));
+    EXPECT_FALSE(UTType::identifierConformsToType(u"unheard.of", "unheard.of"));
+}
