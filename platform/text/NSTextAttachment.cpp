@@ -1,6 +1,7 @@
 #include "platform/text/NSTextAttachment.h"
 
 #include "platform/foundation/NSCoder.h"
+#include "platform/foundation/NSStringPaths.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/types/UTType.h"
 
@@ -13,12 +14,9 @@ std::optional<std::u16string> fileTypeOfWrapper(const NSFileWrapper& fileWrapper
 {
     if (!fileWrapper.preferredFilename())
         return std::nullopt;
-    const auto name = UTF8FromUTF16(*fileWrapper.preferredFilename());
-    const auto dot = name.rfind('.');
-    if (dot != std::string::npos && dot > 0) {
-        if (const auto type = UTType::typeWithFilenameExtension(name.substr(dot + 1)))
-            return UTF16FromUTF8(type->identifier());
-    }
+    const auto extension = pathExtension(*fileWrapper.preferredFilename());
+    if (const auto type = UTType::typeWithFilenameExtension(UTF8FromUTF16(extension)))
+        return UTF16FromUTF8(type->identifier());
     return UTF16FromUTF8(fileWrapper.isDirectory() ? kUTTypeFolder : kUTTypeData);
 }
 

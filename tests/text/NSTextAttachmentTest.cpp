@@ -64,6 +64,8 @@ TEST(NSTextAttachment, TakesItsTypeFromTheFilesName)
     EXPECT_EQ(NSTextAttachment::initWithFileWrapper(file(u"a.PDF"))->fileType(), u"com.adobe.pdf");
     EXPECT_EQ(NSTextAttachment::initWithFileWrapper(file(u"a.unknown-kind"))->fileType(), u"public.data");
     EXPECT_EQ(NSTextAttachment::initWithFileWrapper(file(u".pdf"))->fileType(), u"public.data");
+    EXPECT_EQ(NSTextAttachment::initWithFileWrapper(file(u"pdf."))->fileType(), u"public.data");
+    EXPECT_EQ(NSTextAttachment::initWithFileWrapper(file(u"pdf"))->fileType(), u"public.data");
     const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
     folder->setPreferredFilename(u"folder");
     EXPECT_EQ(NSTextAttachment::initWithFileWrapper(folder)->fileType(), u"public.folder");
