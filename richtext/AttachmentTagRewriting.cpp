@@ -5,7 +5,9 @@
 // The pass gives what searching name after name gives, because two such tags share no character and no
 // rewriting makes a new one: a tag begins with one of two texts, text of the page has its "<" escaped, and
 // what is put in for a tag ends as a tag does. Names are the exception, for the writer takes them as they
-// are. Where one holds the beginning of a tag, order matters and the names are taken one after the other.
+// are. Where one holds the beginning of a tag, be it the name of a file that is rewritten or not, order
+// matters and the names are taken one after the other. Each tag has its name percent-encoded too, so that the
+// page itself shows such names.
 
 #include "richtext/AttachmentTagRewriting.h"
 
@@ -18,7 +20,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -34,7 +35,6 @@ struct Rewriting {
     std::string tag;
     std::u16string name;
     std::shared_ptr<const NSTextAttachment> attachment;
-    std::optional<UTType> type;
     Kind kind;
 
     [[nodiscard]] std::string replacement() const;
@@ -44,17 +44,19 @@ std::string Rewriting::replacement() const
 {
     if (kind != Kind::Image)
         return {};
+    const auto type = UTType::typeWithIdentifier(UTF8FromUTF16(attachment->fileType().value_or(u"")));
+    const auto mimeType = type ? type->preferredMIMEType() : std::nullopt;
     const auto* contents = attachment->fileWrapper()->regularFileContents();
     return fmt::format(R"(<img style="max-width: 100%" src="data:{};base64,{}" alt="{}">)",
-                       type->preferredMIMEType().value_or(std::string(kTypeOfUnknownImages)),
+                       mimeType.value_or(std::string(kTypeOfUnknownImages)),
                        contents ? base64EncodedString(contents->bytes) : std::string(), UTF8FromUTF16(name));
 }
 
-Kind kindOf(const std::optional<UTType>& type)
+Kind kindOf(std::u16string_view fileType)
 {
-    if (type && type->conformsToType(kUTTypeImage))
+    if (UTType::identifierConformsToType(fileType, kUTTypeImage))
         return Kind::Image;
-    return type && type->conformsToType(kUTTypePDF) ? Kind::PDF : Kind::Other;
+    return UTType::identifierConformsToType(fileType, kUTTypePDF) ? Kind::PDF : Kind::Other;
 }
 
 /// In the order of the names; without those whose attachment has no type.
@@ -62,13 +64,12 @@ std::vector<Rewriting> rewritingsOf(const AttachmentsByName& attachments)
 {
     std::vector<Rewriting> rewritings;
     for (const auto& [name, attachment] : attachments) {
-        const auto identifier = attachment->fileType();
-        if (!identifier)
+        const auto fileType = attachment->fileType();
+        if (!fileType)
             continue;
-        auto type = UTType::typeWithIdentifier(UTF8FromUTF16(*identifier));
-        const auto kind = kindOf(type);
+        const auto kind = kindOf(*fileType);
         auto tag = kind == Kind::Other ? htmlObjectTag(name) : htmlImageTag(name);
-        rewritings.push_back({std::move(tag), name, attachment, std::move(type), kind});
+        rewritings.push_back({std::move(tag), name, attachment, kind});
     }
     return rewritings;
 }
@@ -87,12 +88,11 @@ std::string_view tagHead(std::string_view html, std::size_t location)
     return {};
 }
 
-bool holdsTagBeginning(const Rewriting& rewriting)
+bool hasNameWithTagBeginning(std::string_view html)
 {
-    return std::any_of(kTagBeginnings.begin(), kTagBeginnings.end(),
-                       [&rewriting](std::string_view beginning) {
-                           return rewriting.tag.find(beginning, 1) != std::string::npos;
-                       });
+    return std::any_of(kTagBeginnings.begin(), kTagBeginnings.end(), [html](std::string_view beginning) {
+        return html.find(percentEncodedForURLPath(UTF16FromUTF8(beginning))) != std::string_view::npos;
+    });
 }
 
 std::string rewrittenInOnePass(std::string_view html, const std::vector<Rewriting>& rewritings)
@@ -134,7 +134,7 @@ std::string rewrittenOnce(std::string_view html, const Rewriting& rewriting)
 std::string htmlByRewritingAttachmentTags(std::string html, const AttachmentsByName& attachments)
 {
     const auto rewritings = rewritingsOf(attachments);
-    if (std::none_of(rewritings.begin(), rewritings.end(), holdsTagBeginning))
+    if (!hasNameWithTagBeginning(html))
         return rewrittenInOnePass(html, rewritings);
     for (const auto& rewriting : rewritings) {
         if (html.find(rewriting.tag) != std::string::npos)

@@ -7,22 +7,28 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <optional>
 #include <random>
 
 namespace {
 
 struct TestFile {
     std::u16string name;
+    /// An extension; none for a file without a type.
     std::u16string_view type;
+    /// Whether the file is one of those whose tags are rewritten.
+    bool isListed = true;
 };
 
 AttachmentsByName attachmentsOf(const std::vector<TestFile>& files)
 {
     AttachmentsByName attachments;
     for (const auto& file : files) {
+        if (!file.isListed)
+            continue;
         const auto wrapper = makeFile(u"x", "abc");
-        wrapper->setPreferredFilename(u"x." + std::u16string(file.type));
+        wrapper->setPreferredFilename(file.type.empty() ? std::nullopt
+                                                        : std::optional(u"x." + std::u16string(file.type)));
         attachments.insert_or_assign(file.name, NSTextAttachment::initWithFileWrapper(wrapper));
     }
     return attachments;
@@ -32,6 +38,8 @@ AttachmentsByName attachmentsOf(const std::vector<TestFile>& files)
 std::string expected(std::string html, const AttachmentsByName& attachments)
 {
     for (const auto& [name, attachment] : attachments) {
+        if (!attachment->fileType())
+            continue;
         const auto type = UTType::typeWithIdentifier(UTF8FromUTF16(*attachment->fileType()));
         const bool isImage = type->conformsToType(kUTTypeImage);
         const auto tag
@@ -48,7 +56,43 @@ std::string expected(std::string html, const AttachmentsByName& attachments)
 
 std::string tagOf(const TestFile& file)
 {
-    return file.type == u"zip" ? htmlObjectTag(file.name) : htmlImageTag(file.name);
+    return file.type == u"zip" || file.type.empty() ? htmlObjectTag(file.name) : htmlImageTag(file.name);
+}
+
+const std::vector<std::u16string> kPieces{
+    u"a", u"b", u" ", u"\"", u">", u"<", u"\" alt=\"", u"</object>", u"<object data=\"file://"};
+const std::vector<std::u16string> kTagBeginnings{u"<img src=\"file:///", u"<object data=\"file:///a"};
+
+template <typename Value> const Value& pick(const std::vector<Value>& values, std::mt19937& random)
+{
+    return values[random() % values.size()];
+}
+
+/// The tag of one of the files, sometimes with that of another somewhere within.
+std::u16string randomTags(const std::vector<TestFile>& files, std::mt19937& random)
+{
+    auto tag = UTF16FromUTF8(tagOf(pick(files, random)));
+    if (random() % 2 == 0)
+        tag.insert(random() % tag.size(), UTF16FromUTF8(tagOf(pick(files, random))));
+    return tag;
+}
+
+std::vector<TestFile> randomFiles(std::mt19937& random, bool holdTags)
+{
+    const std::vector<std::u16string_view> types{u"png", u"pdf", u"zip", u""};
+    std::vector<TestFile> files;
+    for (auto count = 1 + random() % 4; count > 0; --count) {
+        TestFile file{u"", pick(types, random), random() % 3 != 0};
+        for (auto left = 1 + random() % 3; left > 0; --left) {
+            const auto choice = random() % 6;
+            if (holdTags && choice < 3 && files.size() > 1)
+                file.name += randomTags(files, random);
+            else
+                file.name += pick(holdTags && choice == 3 ? kTagBeginnings : kPieces, random);
+        }
+        files.push_back(file);
+    }
+    return files;
 }
 
 } // namespace
@@ -120,34 +164,28 @@ TEST(AttachmentTagRewriting, FindsATagThatAnImagesNameHolds)
               R"(<img style="max-width: 100%" src="data:image/png;base64,YWJj" alt="A">)");
 }
 
+TEST(AttachmentTagRewriting, FindsATagThatComesUpInTheNameOfAFileLeftAlone)
+{
+    // Without the tag of a, what stands around it is the tag of b.
+    const std::u16string outer
+        = u"<object data=\"file:///<object data=\"file:///a\">a</object>b\">b</object>";
+    const auto html = htmlObjectTag(outer);
+    const auto rest = "<object data=\"file:///" + percentEncodedForURLPath(outer) + "\"></object>";
+    EXPECT_EQ(htmlByRewritingAttachmentTags(html, attachmentsOf({{u"a", u"zip"}, {u"b", u"zip"}})), rest);
+    EXPECT_EQ(htmlByRewritingAttachmentTags(
+                  html, attachmentsOf({{u"a", u"zip"}, {u"b", u"zip"}, {outer, std::u16string_view()}})),
+              rest);
+}
+
 TEST(AttachmentTagRewriting, GivesWhatReplacingNameAfterNameGives)
 {
     std::mt19937 random(31);
-    const auto pick = [&random](const auto& values) -> const auto&
-    {
-        return values[random() % values.size()];
-    };
-    const std::vector<std::u16string> pieces{
-        u"a", u"b", u" ", u"\"", u">", u"<", u"\" alt=\"", u"</object>", u"<object data=\"file://"};
-    std::vector<std::u16string> allPieces = pieces;
-    allPieces.insert(allPieces.end(), {u"<img src=\"file:///", u"<object data=\"file:///a"});
-    const std::array<std::u16string_view, 3> types{u"png", u"pdf", u"zip"};
-    for (int round = 0; round < 4000; ++round) {
-        // In most rounds no name holds what begins a tag.
-        const bool holdTags = round % 4 == 0;
-        const auto& nameParts = holdTags ? allPieces : pieces;
-        std::vector<TestFile> files;
-        for (auto count = 1 + random() % 4; count > 0; --count) {
-            TestFile file{u"", pick(types)};
-            for (auto left = 1 + random() % 3; left > 0; --left)
-                file.name += holdTags && random() % 3 == 0 && !files.empty()
-                    ? UTF16FromUTF8(tagOf(files.back()))
-                    : pick(nameParts);
-            files.push_back(file);
-        }
+    for (int round = 0; round < 10000; ++round) {
+        // In every other round no name holds what begins a tag.
+        const auto files = randomFiles(random, round % 2 == 0);
         std::string html;
         for (auto left = random() % 8; left > 0; --left)
-            html += random() % 2 == 0 ? tagOf(pick(files)) : UTF8FromUTF16(pick(pieces));
+            html += random() % 2 == 0 ? tagOf(pick(files, random)) : UTF8FromUTF16(pick(kPieces, random));
         const auto attachments = attachmentsOf(files);
         ASSERT_EQ(htmlByRewritingAttachmentTags(html, attachments), expected(html, attachments)) << html;
     }
