@@ -11,19 +11,19 @@
 /// character unless an attachment stands several times in a row. The visitor may change the text in that
 /// range.
 template <std::derived_from<NSTextAttachment> Attachment,
-          std::invocable<const std::shared_ptr<Attachment>&, NSRange> Visitor>
+          std::invocable<const std::shared_ptr<const Attachment>&, NSRange> Visitor>
 void enumerateAttachments(const NSAttributedString& text, NSEnumerationOptions options, Visitor visit)
 {
     text.enumerateAttribute(NSAttachmentAttributeName, {0, text.length()}, options,
                             [&visit](const NSAny& value, NSRange range, bool&) {
-                                if (const auto attachment = value.mutableObject<Attachment>())
+                                if (const auto attachment = value.object<Attachment>())
                                     visit(attachment, range);
                             });
 }
 
 /// The same, front to back.
 template <std::derived_from<NSTextAttachment> Attachment,
-          std::invocable<const std::shared_ptr<Attachment>&, NSRange> Visitor>
+          std::invocable<const std::shared_ptr<const Attachment>&, NSRange> Visitor>
 void enumerateAttachments(const NSAttributedString& text, Visitor visit)
 {
     enumerateAttachments<Attachment>(text, {}, visit);
