@@ -5,6 +5,7 @@
 #include "strings/StringCleaning.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 

@@ -3,7 +3,8 @@
 #include "platform/text/NSAttributedString.h"
 
 /// Between a checklist's boxes (CVLChecklistTextAttachment) and text lists with check and circle markers.
-/// Each conversion works on the whole text and is one pass over it.
+/// Each conversion works on the whole text and is one pass over it. A line has the style of its first
+/// character.
 namespace DynamicColors {
 
 /// Puts a box in place of the marker of every item, and gives the line, but not its line end, the box's
@@ -20,7 +21,7 @@ void convertTextListsToChecklistAttachments(NSMutableAttributedString& text);
 /// The lists around that one come from the item before: all of them for a deeper item, all but the last for
 /// one of the same level, and the first n - 1 for a shallower one of level n. An item that comes back from a
 /// deeper level is thus in one list less than its level asks for; lists have always been exported so, and
-/// come back as they were exported.
+/// are read back at the level they were exported at.
 ///
 /// Of several boxes on a line the last gives the line its style.
 void convertChecklistAttachmentsToTextLists(NSMutableAttributedString& text);

@@ -5,6 +5,8 @@
 #include "richtext/AttachmentRuns.h"
 #include "richtext/AttachmentTagRewriting.h"
 
+#include <utility>
+
 namespace {
 
 AttachmentsByName attachmentsByName(const NSAttributedString& text)

@@ -1,12 +1,13 @@
 #include "richtext/TrimmedPassages.h"
 
-#include "platform/foundation/NSCharacterSet.h"
+#include "strings/StringCleaning.h"
+
+#include <utility>
 
 void appendTrimmedPassage(std::vector<std::u16string>& passages, const NSAttributedString& text,
                           NSRange range)
 {
-    auto passage = stringByTrimmingCharactersInSet(text.substringWithRange(range),
-                                                   NSCharacterSet::whitespaceAndNewlineCharacterSet());
+    auto passage = TSExtensions::stringByTrimmingWhitespace(text.substringWithRange(range));
     if (!passage.empty())
         passages.push_back(std::move(passage));
 }

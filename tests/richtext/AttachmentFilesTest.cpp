@@ -1,8 +1,9 @@
 #include "richtext/AttachmentFiles.h"
 
+#include "attachments/CVLDividerTextAttachment.h"
 #include "platform/foundation/NSLog.h"
 #include "tests/richtext/Attachments.h"
-#include "tests/richtext/NoteText.h"
+#include "tests/richtext/ChecklistText.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -62,6 +63,24 @@ TEST(AttachmentFiles, AreNoneOfAttachmentsWithoutAFile)
                           .text();
     EXPECT_FALSE(containsFileAttachments(text));
     EXPECT_TRUE(fileAttachments(text).empty());
+}
+
+TEST(AttachmentFiles, AreNoneOfBoxesAndDividers)
+{
+    const TemporaryFolder folder;
+    const auto text = NoteText()
+                          .addAttachment(makeBox(true))
+                          .add(u"a\n")
+                          .addAttachment(makeBox(false, 2))
+                          .addAttachment(CVLDividerTextAttachment::init())
+                          .text();
+    EXPECT_FALSE(containsFileAttachments(text));
+    EXPECT_TRUE(fileAttachments(text).empty());
+    EXPECT_TRUE(fileURLsForNonImageAttachmentsWrittenToURL(text, folder.url("")).empty());
+    EXPECT_EQ(entriesOf(folder), 0U);
+    NSMutableAttributedString fixed(text);
+    fixLengthOfAttachmentFilenames(fixed);
+    EXPECT_EQ(fixed, text);
 }
 
 TEST(AttachmentFiles, AreNoneOfAPlainText)

@@ -58,6 +58,29 @@ TEST_F(ChecklistMarkdown, HasTheDefaultParagraphStyleOnEveryLine)
         EXPECT_TRUE(styleAt(text, index)->isEqual(*NSParagraphStyle::defaultParagraphStyle())) << index;
 }
 
+TEST_F(ChecklistMarkdown, StylesLinesWithTheirLineEndsWhateverTheyAre)
+{
+    NSMutableParagraphStyle style;
+    style.setHeadIndent(5);
+    for (const std::u16string lineEnd : {u"\r\n", u"\u2028", u"\u2029"}) {
+        NSMutableAttributedString text(NoteText()
+                                           .addAttachment(makeBox(true))
+                                           .add(u"a" + lineEnd + u"b" + lineEnd)
+                                           .addAttachment(makeBox(false))
+                                           .add(u"c" + lineEnd)
+                                           .text());
+        text.addAttribute(NSParagraphStyleAttributeName, style.copy(), {0, text.length()});
+        const auto converted = markdown(text);
+        ASSERT_EQ(converted.string(), u"- [x] a" + lineEnd + u"b" + lineEnd + u"- [ ] c" + lineEnd);
+        const auto plainStart = 7 + lineEnd.size();
+        const auto plainEnd = plainStart + 1 + lineEnd.size();
+        for (NSUInteger index = 0; index < converted.length(); ++index) {
+            const bool isPlainLine = index >= plainStart && index < plainEnd;
+            EXPECT_EQ(styleAt(converted, index)->headIndent(), isPlainLine ? 5 : 0) << index;
+        }
+    }
+}
+
 TEST_F(ChecklistMarkdown, KeepsTheOtherAttributes)
 {
     const auto text

@@ -150,6 +150,20 @@ TEST_F(ChecklistsFromTextLists, HaveTheBoxesStyleButKeepTheOldOneOnTheLineEnd)
         EXPECT_EQ(listsAt(text, index).size(), 2U) << index;
 }
 
+TEST_F(ChecklistsFromTextLists, EndWithTheirLinesWhateverEndsThem)
+{
+    for (const std::u16string lineEnd : {u"\r\n", u"\u2028", u"\u2029"}) {
+        const auto text = withBoxes(u"\t\u2713\ta" + lineEnd + u"\t\u25E6\tb" + lineEnd,
+                                    inLists(NSTextListMarkerDisc, 2));
+        ASSERT_EQ(text.string(), u"\uFFFCa" + lineEnd + u"\uFFFCb" + lineEnd);
+        EXPECT_EQ(itemsOf(text), (Items{{true, 1, u"a"}, {false, 1, u"b"}}));
+        for (NSUInteger index = 2; index < 2 + lineEnd.size(); ++index)
+            EXPECT_EQ(listsAt(text, index).size(), 2U) << index;
+        for (auto index = 4 + lineEnd.size(); index < text.length(); ++index)
+            EXPECT_EQ(listsAt(text, index).size(), 2U) << index;
+    }
+}
+
 TEST_F(ChecklistsFromTextLists, KeepTheOtherAttributesOfTheText)
 {
     auto attributes = withFont(u"Menlo-Regular", 12);
@@ -259,6 +273,50 @@ TEST_F(ChecklistsToTextLists, ShareTheListsAroundWithTheItemBefore)
     EXPECT_EQ(lists[3][1], lists[2][1]);
 }
 
+TEST_F(ChecklistsToTextLists, GoOnBehindWhatStandsBetweenItems)
+{
+    auto text = checklistText({{false, 0, u"a"}});
+    text.appendAttributedString(NoteText().add(u"plain\n").text());
+    text.appendAttributedString(checklistText({{false, 1, u"b"}}));
+    text.appendAttributedString(NoteText().addAttachment(makeAttachment(u"a.png")).add(u"\n").text());
+    text.appendAttributedString(checklistText({{false, 1, u"c"}}));
+    text.appendAttributedString(NoteText().addAttachment(makeAttachment(u"a.png")).add(u"\n\n").text());
+    text.appendAttributedString(checklistText({{false, 2, u"d"}}));
+    const auto lists = listsOfLines(withLists(text));
+    ASSERT_EQ(lists.size(), 8U);
+    for (const std::size_t between : {1U, 3U, 5U, 6U})
+        EXPECT_TRUE(lists[between].empty()) << between;
+    ASSERT_EQ(lists[0].size(), 1U);
+    ASSERT_EQ(lists[2].size(), 2U);
+    EXPECT_EQ(lists[2][0], lists[0][0]);
+    ASSERT_EQ(lists[4].size(), 2U);
+    EXPECT_EQ(lists[4][0], lists[0][0]);
+    ASSERT_EQ(lists[7].size(), 3U);
+    EXPECT_EQ(lists[7][0], lists[0][0]);
+    EXPECT_EQ(lists[7][1], lists[4][1]);
+}
+
+TEST_F(ChecklistsToTextLists, TakeTheirLineEndsAlongWhateverTheyAre)
+{
+    for (const std::u16string lineEnd : {u"\r\n", u"\u2028", u"\u2029"}) {
+        const auto text = withLists(NoteText()
+                                        .addAttachment(makeBox(true))
+                                        .add(u"a" + lineEnd)
+                                        .addAttachment(makeBox(false))
+                                        .add(u"b" + lineEnd + u"c")
+                                        .text());
+        ASSERT_EQ(text.string(), u"\t\u2713\ta" + lineEnd + u"\t\u25E6\tb" + lineEnd + u"c");
+        const auto second = 4 + lineEnd.size();
+        const auto third = 2 * second;
+        ASSERT_EQ(listsAt(text, 0).size(), 1U);
+        ASSERT_EQ(listsAt(text, second).size(), 1U);
+        EXPECT_NE(listsAt(text, second), listsAt(text, 0));
+        for (NSUInteger index = 0; index < third; ++index)
+            EXPECT_EQ(styleAt(text, index), styleAt(text, index < second ? 0 : second)) << index;
+        EXPECT_FALSE(styleAt(text, third));
+    }
+}
+
 TEST_F(ChecklistsToTextLists, StartAnewWithEachConversion)
 {
     EXPECT_EQ(depthsOf({0, 1, 2}), (std::vector<std::size_t>{1, 2, 3}));
@@ -297,6 +355,25 @@ TEST_F(ChecklistsToTextLists, StayInTheirTableCells)
     EXPECT_EQ(styleAt(text, 0)->textBlocks(), (NSParagraphStyle::TextBlocks{cell}));
     EXPECT_EQ(styleAt(text, 4)->textBlocks(), (NSParagraphStyle::TextBlocks{cell}));
     EXPECT_FALSE(styleAt(text, 5));
+}
+
+TEST_F(ChecklistsToTextLists, TakeTheirLinesIntoTheBlocksTheyStandIn)
+{
+    const NSTextBlock::Ref first = std::make_shared<const NSTextBlock>();
+    const NSTextBlock::Ref second = std::make_shared<const NSTextBlock>();
+    NSMutableParagraphStyle start;
+    start.setTextBlocks({first});
+    NSMutableParagraphStyle middle;
+    middle.setTextBlocks({second});
+    const auto text
+        = withLists(NoteText()
+                        .add(u"a", start)
+                        .addAttachment(makeBox(true), {{key(NSParagraphStyleAttributeName), middle.copy()}})
+                        .add(u"b\n", start)
+                        .text());
+    ASSERT_EQ(text.string(), u"a\t\u2713\tb\n");
+    for (NSUInteger index = 0; index < text.length(); ++index)
+        EXPECT_EQ(styleAt(text, index)->textBlocks(), (NSParagraphStyle::TextBlocks{second})) << index;
 }
 
 TEST_F(ChecklistsToTextLists, StayInTheirTableCellsWithSeveralOnALine)

@@ -90,6 +90,21 @@ TEST(FontChange, LeavesRunsWithoutAFontAlone)
     EXPECT_TRUE(text.attributesAtIndex(0).empty());
 }
 
+TEST(FontChange, ChangesEachFontOnceWhereFontsComeToBeEqual)
+{
+    NSMutableAttributedString text(NoteText()
+                                       .add(u"a", withFont(u"Times-Roman", kSize))
+                                       .add(u"b", withFont(u"HelveticaNeue", kSize))
+                                       .add(u"c", withFont(u"Menlo-Regular", kSize))
+                                       .add(u"d", withFont(u"Times-Bold", kSize))
+                                       .text());
+    changeFont(text, NSFont::fontWithName(u"HelveticaNeue", 12), {0, 4});
+    for (NSUInteger index = 0; index < 3; ++index)
+        EXPECT_EQ(text.attributesAtIndex(index), withFont(u"HelveticaNeue", kSize)) << index;
+    EXPECT_EQ(text.attributesAtIndex(3), withFont(u"HelveticaNeue-Bold", kSize));
+    EXPECT_EQ(text.runCount(), 2U);
+}
+
 TEST(FontChange, StaysWithinTheRange)
 {
     NSMutableAttributedString text(NoteText().add(u"xyz", withFont(u"Times-Roman", kSize)).text());
@@ -117,6 +132,21 @@ TEST(FontSizes, ShrinkWithAllOtherAttributesKept)
     attributes.emplace(NSKernAttributeName, 0.5);
     EXPECT_EQ(text.attributesAtIndex(0), attributes);
     EXPECT_TRUE(text.attributesAtIndex(2).empty());
+}
+
+TEST(FontSizes, ShrinkOnceWhereARunComesToEqualTheNext)
+{
+    NSMutableAttributedString text(NoteText()
+                                       .add(u"a", withFont(u"Helvetica", 16))
+                                       .add(u"b", withFont(u"Helvetica", 12))
+                                       .add(u"c", withFont(u"Helvetica", 9))
+                                       .add(u"d", withFont(u"Helvetica", 16))
+                                       .text());
+    adjustWebPageFontSizesInRange(text, {0, 4});
+    EXPECT_EQ(fontAt(text, 0)->pointSize(), 12);
+    EXPECT_EQ(fontAt(text, 1)->pointSize(), 9);
+    EXPECT_EQ(fontAt(text, 2)->pointSize(), 7);
+    EXPECT_EQ(fontAt(text, 3)->pointSize(), 12);
 }
 
 TEST(FontSizes, ShrinkWithinTheRange)
