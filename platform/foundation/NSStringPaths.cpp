@@ -1,5 +1,7 @@
 #include "platform/foundation/NSStringPaths.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr auto kNone = std::u16string_view::npos;
