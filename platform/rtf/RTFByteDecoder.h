@@ -17,6 +17,9 @@ public:
     /// Decodes what was collected into `text`.
     void flush(std::string& text);
 
+    /// Whether nothing is collected.
+    [[nodiscard]] bool isEmpty() const { return m_bytes.empty(); }
+
 private:
     [[nodiscard]] std::optional<TextDecoder>& decoderForCodePage(std::uint16_t codePage);
 

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/NSValue.h"
 #include "platform/rtf/RTFDocumentWords.h"
+#include "platform/rtf/RTFParagraphFormat.h"
 #include "platform/rtf/RTFUnits.h"
 
 #include <optional>

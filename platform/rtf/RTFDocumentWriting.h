@@ -2,7 +2,7 @@
 
 #include "platform/foundation/NSAny.h"
 #include "platform/rtf/RTFOutput.h"
-#include "platform/rtf/RTFParagraphWriting.h"
+#include "platform/rtf/RTFPage.h"
 
 /// What of the document attributes paragraphs are set by.
 [[nodiscard]] RTFPage pageOf(const NSAny::Dictionary& documentAttributes);

@@ -29,6 +29,8 @@ enum class RTFDirection : std::uint8_t { LeftToRight, RightToLeft, Natural };
 /// reader's words change. The values here are those behind \pard.
 struct RTFParagraphFormat {
     std::vector<RTFTab> tabs;
+    /// While a document is read: of the tab to come.
+    RTFTabKind nextTabKind = RTFTabKind::Left;
     /// The document's, when none.
     std::optional<std::int32_t> defaultTab;
     std::int32_t headIndent = 0;

@@ -127,6 +127,10 @@ void RTFTextMaker::take(const RTFToken& token)
         takeBytes(token.bytes.substr(skipped));
         break;
     }
+    case RTFToken::Kind::Binary:
+        (void)consumeSkip();
+        m_isAtGroupStart = false;
+        break;
     case RTFToken::Kind::End:
         break;
     }

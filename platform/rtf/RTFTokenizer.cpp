@@ -88,9 +88,11 @@ RTFToken RTFTokenizer::wordToken()
     token.parameter = parameter();
     if (!isAtEnd() && m_bytes[m_offset] == ' ')
         ++m_offset;
-    if (token.bytes == kBinaryWord && token.parameter.value_or(0) > 0)
-        m_offset += std::min(static_cast<std::size_t>(*token.parameter), m_bytes.size() - m_offset);
-    return token;
+    if (token.bytes != kBinaryWord || token.parameter.value_or(0) <= 0)
+        return token;
+    const auto data = m_bytes.substr(m_offset, static_cast<std::size_t>(*token.parameter));
+    m_offset += data.size();
+    return {.kind = RTFToken::Kind::Binary, .bytes = data};
 }
 
 std::optional<std::int32_t> RTFTokenizer::parameter()

@@ -19,6 +19,8 @@ struct RTFToken {
         Byte,
         /// A run of bytes that stand for themselves.
         Text,
+        /// The data of \bin, in `bytes`.
+        Binary,
     };
 
     Kind kind = Kind::End;
@@ -28,8 +30,8 @@ struct RTFToken {
     std::optional<std::int32_t> parameter{};
 };
 
-/// Splits an RTF document into tokens, in one pass and without copying; any bytes may come in. The data of
-/// \bin is passed over with its word. The bytes must outlive the tokens.
+/// Splits an RTF document into tokens, in one pass and without copying; any bytes may come in. The bytes
+/// must outlive the tokens.
 class RTFTokenizer {
 public:
     explicit RTFTokenizer(std::string_view bytes);

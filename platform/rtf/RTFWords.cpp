@@ -130,3 +130,8 @@ const RTFWord& meaningOfRTFWord(std::string_view name)
                            [](const RTFWord& word, std::string_view key) { return word.name < key; });
     return found != kWords.end() && found->name == name ? *found : kUnknownWord;
 }
+
+std::span<const RTFWord> textWords()
+{
+    return kWords;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string_view>
 
 /// What a control word means to a reader that is after the text.
@@ -53,3 +54,6 @@ struct RTFWord {
 
 /// The meaning of a control word by its name, in which case matters.
 [[nodiscard]] const RTFWord& meaningOfRTFWord(std::string_view name);
+
+/// All words that have a meaning.
+[[nodiscard]] std::span<const RTFWord> textWords();

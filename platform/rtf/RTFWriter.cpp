@@ -2,6 +2,7 @@
 
 #include "platform/rtf/RTFDocumentWriting.h"
 #include "platform/rtf/RTFListMarkers.h"
+#include "platform/rtf/RTFParagraphWriting.h"
 #include "platform/rtf/RTFTableStack.h"
 
 #include <optional>

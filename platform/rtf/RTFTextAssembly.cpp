@@ -1,0 +1,119 @@
+#include "platform/rtf/RTFTextAssembly.h"
+
+#include "platform/foundation/Unicode.h"
+#include "platform/text/NSAttributeNames.h"
+#include "platform/text/NSAttributedStringBuilder.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace {
+
+void replaceUnpairedSurrogates(std::u16string& text)
+{
+    const auto kind = [](char16_t unit) { return unit & 0xFC00U; };
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        if (kind(text[index]) == 0xD800 && index + 1 < text.size() && kind(text[index + 1]) == 0xDC00)
+            ++index;
+        else if (kind(text[index]) == 0xD800 || kind(text[index]) == 0xDC00)
+            text[index] = char16_t{kReplacementCharacter};
+    }
+}
+
+/// Attributes together with paragraph styles, and styles together with cells: each pair is made once.
+class Combinations {
+public:
+    explicit Combinations(const RTFTableReading& tables)
+        : m_tables(tables)
+    {
+    }
+
+    NSParagraphStyle::Ref styleIn(const NSParagraphStyle::Ref& style, std::int32_t cell)
+    {
+        if (cell == RTFTableReading::kNoCell)
+            return style;
+        auto& known = m_styles[{style.get(), cell}];
+        if (!known) {
+            auto inCell = (style ? *style : *NSParagraphStyle::defaultParagraphStyle()).mutableCopy();
+            inCell.setTextBlocks(m_tables.blocksOf(cell));
+            known = inCell.copy();
+        }
+        return known;
+    }
+
+    const SharedAttributes& attributesWith(const SharedAttributes& attributes,
+                                           const NSParagraphStyle::Ref& style)
+    {
+        if (!style)
+            return attributes;
+        if (attributes == m_lastAttributes && style == m_lastStyle)
+            return m_last;
+        m_lastAttributes = attributes;
+        m_lastStyle = style;
+        auto& known = m_attributes[{attributes.get(), style.get()}];
+        if (!known) {
+            auto both = *attributes;
+            both.insert_or_assign(std::u16string(NSParagraphStyleAttributeName), NSAny(style));
+            known = std::make_shared<const NSAttributes>(std::move(both));
+        }
+        m_last = known;
+        return m_last;
+    }
+
+private:
+    const RTFTableReading& m_tables;
+    std::map<std::pair<const NSParagraphStyle*, std::int32_t>, NSParagraphStyle::Ref> m_styles;
+    std::map<std::pair<const NSAttributes*, const NSParagraphStyle*>, SharedAttributes> m_attributes;
+    SharedAttributes m_lastAttributes;
+    NSParagraphStyle::Ref m_lastStyle;
+    SharedAttributes m_last;
+};
+
+} // namespace
+
+void RTFTextAssembly::append(std::u16string_view characters, const SharedAttributes& attributes)
+{
+    if (characters.empty())
+        return;
+    m_characters += characters;
+    if (!m_runs.empty() && m_runs.back().attributes == attributes)
+        m_runs.back().end = m_characters.size();
+    else
+        m_runs.push_back({m_characters.size(), attributes});
+}
+
+void RTFTextAssembly::endParagraph(const NSParagraphStyle::Ref& style, std::int32_t cell)
+{
+    if (!hasOpenParagraph())
+        return;
+    m_paragraphStart = m_characters.size();
+    const bool goesOn
+        = !m_paragraphs.empty() && m_paragraphs.back().style == style && m_paragraphs.back().cell == cell;
+    if (goesOn)
+        m_paragraphs.back().end = m_characters.size();
+    else
+        m_paragraphs.push_back({m_characters.size(), style, cell});
+}
+
+NSAttributedString RTFTextAssembly::finish(const RTFTableReading& tables)
+{
+    replaceUnpairedSurrogates(m_characters);
+    const std::u16string_view characters = m_characters;
+    Combinations combinations(tables);
+    NSAttributedStringBuilder builder;
+    std::size_t start = 0;
+    auto run = m_runs.begin();
+    for (const auto& paragraph : m_paragraphs) {
+        const auto style = combinations.styleIn(paragraph.style, paragraph.cell);
+        while (start < paragraph.end) {
+            const auto end = std::min(run->end, paragraph.end);
+            builder.append(characters.substr(start, end - start),
+                           combinations.attributesWith(run->attributes, style));
+            start = end;
+            if (run->end == end)
+                ++run;
+        }
+    }
+    return builder.finish();
+}
