@@ -33,8 +33,8 @@ public:
     void endCell(const RTFReaderState& state, std::size_t depth);
     void endRow(std::size_t depth);
 
-    /// Something was said of the paragraph to come.
-    void noteParagraphWord() { m_isBehindRow = false; }
+    /// \pard: a paragraph is to come, though it may stay empty.
+    void beginParagraph() { m_isBehindRow = false; }
 
     /// The text, when everything is read.
     [[nodiscard]] NSAttributedString finish(const RTFReaderState& state);

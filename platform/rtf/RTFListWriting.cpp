@@ -85,19 +85,26 @@ RTFListWriting::Place RTFListWriting::placeOf(const NSParagraphStyle::TextLists&
     };
     if (const auto known = m_indices.find(path); known != m_indices.end())
         return placeIn(known->second);
-    auto outer = path;
-    outer.pop_back();
-    const auto parent = m_indices.find(outer);
-    if (parent != m_indices.end() && m_lists[parent->second].size() + 1 == depth) {
-        m_lists[parent->second].push_back(lists[depth - 1]);
-        m_indices.emplace(std::move(path), parent->second);
-        return placeIn(parent->second);
+    const auto index = listToExtend(path);
+    auto& levels = m_lists[index];
+    for (auto end = levels.size(); end < depth; ++end) {
+        levels.push_back(lists[end]);
+        m_indices.try_emplace(Path(path.begin(), path.begin() + static_cast<std::ptrdiff_t>(end) + 1), index);
     }
-    const auto index = m_lists.size();
-    m_lists.emplace_back(lists.begin(), lists.begin() + level + 1);
-    for (; !path.empty(); path.pop_back())
-        m_indices.try_emplace(path, index);
+    m_indices.try_emplace(std::move(path), index);
     return placeIn(index);
+}
+
+/// The list that has the outer levels of the path and none beyond; a new one without such.
+std::size_t RTFListWriting::listToExtend(const Path& path)
+{
+    for (auto outer = path; !outer.empty(); outer.pop_back()) {
+        const auto known = m_indices.find(outer);
+        if (known != m_indices.end() && m_lists[known->second].size() == outer.size())
+            return known->second;
+    }
+    m_lists.emplace_back();
+    return m_lists.size() - 1;
 }
 
 void RTFListWriting::write(RTFOutput& output) const

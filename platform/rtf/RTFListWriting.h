@@ -27,6 +27,8 @@ public:
 private:
     using Path = std::vector<const NSTextList*>;
 
+    [[nodiscard]] std::size_t listToExtend(const Path& path);
+
     std::vector<NSParagraphStyle::TextLists> m_lists;
     /// By the lists from the outermost to the level's own.
     std::map<Path, std::size_t> m_indices;

@@ -14,6 +14,7 @@
 
 namespace {
 
+constexpr std::string_view kParagraphStart = "pard";
 constexpr char kAttachmentPlaceholder = '\xAC';
 
 std::string_view withoutPreamble(std::string_view bytes)
@@ -211,7 +212,8 @@ void DocumentReader::applyWord(std::string_view name, RTFParameter parameter, bo
         applyAction(*action, parameter);
     } else if (const auto* const paragraphChange = std::get_if<RTFParagraphChange>(&word)) {
         (*paragraphChange)(state().changedParagraph(), parameter);
-        m_body.noteParagraphWord();
+        if (name == kParagraphStart)
+            m_body.beginParagraph();
     } else if (const auto* const rowChange = std::get_if<RTFRowChange>(&word)) {
         if (auto* const row = m_body.tables.definitionAt(rowDepth()))
             (*rowChange)(*row, parameter);

@@ -52,14 +52,17 @@ bool RTFTableStack::closeCells(const std::optional<RTFTextParagraph>& next)
     std::size_t kept = 0;
     while (kept < most && next->cells[kept] == m_cells[kept])
         ++kept;
-    const bool closesAny = kept < m_cells.size();
+    const auto depth = m_cells.size();
     while (m_cells.size() > kept) {
         const auto level = m_cells.size() - 1;
+        // Behind a table that ends a cell no paragraph says which cell it is.
+        if (level + 1 < depth)
+            m_output.word("itap", static_cast<std::int64_t>(level) + 1);
         writeCellEnd(level);
         m_cells.pop_back();
         finishRow(level);
     }
-    return closesAny;
+    return kept < depth;
 }
 
 void RTFTableStack::finishRow(std::size_t level)

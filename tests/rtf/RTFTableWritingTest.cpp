@@ -150,7 +150,8 @@ TEST(RTFTableWriting, EndsACellThatEndsWithATableWithoutAnotherParagraph)
     const auto outer = cellOf(tableOf(1), 0, 0);
     TextInTables text;
     text.add(u"inner\n", {outer, cellOf(tableOf(1), 0, 0)});
-    EXPECT_THAT(text.written(), EndsWith("inner\\nestcell \n\\lastrow\\nestrow\n\\cell \n\\lastrow\\row\n}"));
+    EXPECT_THAT(text.written(),
+                EndsWith("inner\\nestcell \n\\lastrow\\nestrow\n\\itap1\\cell \n\\lastrow\\row\n}"));
 }
 
 TEST(RTFTableWriting, WritesTheLooksOfCells)
