@@ -6,6 +6,8 @@
 #include "platform/text/NSParagraphStyle.h"
 #include "styles/CVLNoteTextStyle.h"
 
+#include <utility>
+
 namespace {
 
 std::shared_ptr<CVLDividerTextAttachment> dividerWithCell(std::shared_ptr<CVLDividerTextAttachmentCell> cell)
@@ -42,10 +44,8 @@ NSAttributedString CVLDividerTextAttachment::attributedString()
 {
     auto attributes = CVLNoteTextStyle::bodyNoteTextStyle()->attributes();
     attributes.insert_or_assign(std::u16string(NSForegroundColorAttributeName), NSColor::textColor());
-    NSMutableAttributedString text(u"\n", attributes);
-    text.appendAttributedString(
-        NSAttributedString::attributedStringWithAttachment(shared_from_this(), attributes));
-    text.appendAttributedString(NSAttributedString(u"\n", attributes));
+    NSMutableAttributedString text({u'\n', NSAttachmentCharacter, u'\n'}, std::move(attributes));
+    text.addAttribute(NSAttachmentAttributeName, shared_from_this(), {1, 1});
     return text.copy();
 }
 
