@@ -5,7 +5,7 @@
 #include <cairo.h>
 #include <memory>
 
-/// Cairo's handles, for the sources of this folder.
+/// Cairo's handles, for the sources that draw with it.
 
 struct CairoSurfaceDeleter {
     void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }

@@ -191,7 +191,7 @@ PangoText pangoText(const NSAttributedString& text, NSRange range, NSAppearance 
             addAttributes(item, attributes, fonts);
         }
     });
-    return {std::move(line.bytes), std::move(list)};
+    return {std::move(line.bytes), std::move(list), std::move(line.offsets)};
 }
 
 NSFont::Ref fontOfAttributes(const NSAttributes& attributes)

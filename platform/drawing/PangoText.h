@@ -6,6 +6,7 @@
 #include "platform/text/NSFont.h"
 
 #include <string>
+#include <vector>
 
 /// Text as Pango takes it.
 struct PangoText {
@@ -13,6 +14,8 @@ struct PangoText {
     std::string characters;
     /// Over bytes of `characters`.
     AttributeList attributes;
+    /// Where each code unit of the text begins in `characters`; one more for the end.
+    std::vector<guint> offsets;
 };
 
 /// The characters and the attributes of a piece of text. What is no character (unpaired surrogates, NUL) is
