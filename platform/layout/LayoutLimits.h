@@ -1,0 +1,26 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+/// How far a text's own numbers are followed. What is beyond them is cut to them, what is no number is 0.
+
+/// The largest length of anything in a text, in points: the longest side of a drawing.
+inline constexpr double kLargestLength = 100000;
+/// Indents leave at least so much of a column that is as wide.
+inline constexpr double kNarrowestLine = 20;
+/// Columns without a width have this one.
+inline constexpr double kNarrowestColumn = 1;
+/// The tab stops of a paragraph that count.
+inline constexpr std::size_t kMaximumTabStops = 500;
+/// So much of a line is set at once, in UTF-16 code units: time and memory stay in proportion to the text.
+inline constexpr std::size_t kLongestPiece = 4000;
+
+/// So many attachments at the most: a cell may look at all of its line.
+inline constexpr std::size_t kMostAttachments = 100;
+
+[[nodiscard]] inline double boundedLength(double length, double low = 0, double high = kLargestLength)
+{
+    return std::isfinite(length) ? std::clamp(length, low, high) : std::clamp(0.0, low, high);
+}
