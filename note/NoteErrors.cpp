@@ -29,6 +29,11 @@ NSError recoverableError()
             describedBy(u"The note file could not be read.")};
 }
 
+bool isRecoverable(const NSError& error)
+{
+    return error.domain() == CVLNoteFileErrorDomain && error.code() == CVLNoteFileRecoverFromRTFDErrorCode;
+}
+
 NSError invalidNoteError(NSError underlying)
 {
     auto userInfo = describedBy(u"File is not a valid note file.");

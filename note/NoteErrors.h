@@ -13,5 +13,7 @@ inline constexpr int CVLNoteFileRecoverFromRTFDErrorCode = 10002;
 [[nodiscard]] NSError noPackageError();
 /// 10002, "The note file could not be read.", though the package's RTFD part may be.
 [[nodiscard]] NSError recoverableError();
+/// Whether the error is that one.
+[[nodiscard]] bool isRecoverable(const NSError& error);
 /// 10001, "File is not a valid note file.", for that reason.
 [[nodiscard]] NSError invalidNoteError(NSError underlying);

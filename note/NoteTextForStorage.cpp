@@ -12,6 +12,7 @@
 #include "styles/CVLNoteTextStyle.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -57,28 +58,74 @@ void takeDivider(NSMutableAttributedString& text, NSRange run, StoredAttachments
 }
 
 /// The package's own members keep their names, and what no file can be called is no name of a member.
-bool isFreeName(const std::u16string& name, const StoredAttachments& stored)
+bool isNameOfMember(std::u16string_view name)
 {
     const auto isOwn = name == kNoteTextMember || name == kNoteAttributesMember || name == kNoteRTFMember;
-    return !isOwn && isFileName(std::u16string_view(name)) && !stored.members.contains(name);
+    return !isOwn && isFileName(name);
+}
+
+NSFileWrapper::Ref namedAfresh(const NSFileWrapper& file)
+{
+    auto copy = copyOf(file);
+    copy->setPreferredFilename(uniqueNameLike(file.preferredFilename().value_or(u"")));
+    return copy;
+}
+
+/// Empty without a file, too.
+std::u16string nameOfFile(const NSTextAttachment& attachment)
+{
+    return attachment.fileWrapper() ? attachment.fileWrapper()->preferredFilename().value_or(u"") : u"";
+}
+
+std::shared_ptr<NSTextAttachment> withFile(const NSTextAttachment& attachment, NSFileWrapper::Ref file)
+{
+    auto fresh = attachment.makeOfSameClass();
+    fresh->setFileWrapper(std::move(file));
+    return fresh;
+}
+
+bool holdTheSame(const NSFileWrapper& one, const NSFileWrapper& other);
+
+bool isSameMember(const NSFileWrapper::FileWrappers::value_type& one,
+                  const NSFileWrapper::FileWrappers::value_type& other)
+{
+    return one.first == other.first && holdTheSame(*one.second, *other.second);
+}
+
+// Folders lie within one another no deeper than what was read (NSFileWrapper::kMostDepth).
+bool holdTheSame(const NSFileWrapper& one, const NSFileWrapper& other) // NOLINT(misc-no-recursion): see above
+{
+    if (&one == &other)
+        return true;
+    if (one.fileType() != other.fileType()
+        || one.symbolicLinkDestination() != other.symbolicLinkDestination())
+        return false;
+    const auto* contents = one.regularFileContents();
+    return contents ? contents->bytes == other.regularFileContents()->bytes
+                    : std::ranges::equal(one.fileWrappers(), other.fileWrappers(), isSameMember);
+}
+
+/// Readers look a name up in the package, where the member that was there first has it.
+bool isFree(const std::u16string& name, const NSFileWrapper& file, const StoredAttachments& stored,
+            const NSFileWrapper& package)
+{
+    const auto member = package.fileWrapperForKey(name);
+    return !stored.members.contains(name) && (!member || holdTheSame(*member, file));
 }
 
 void takeFile(NSMutableAttributedString& text, const NSTextAttachment& attachment, NSRange run,
-              StoredAttachments& stored)
+              StoredAttachments& stored, const NSFileWrapper& package)
 {
-    auto file = attachment.fileWrapper();
-    auto name = file ? file->preferredFilename().value_or(u"") : u"";
+    auto name = nameOfFile(attachment);
     if (name.empty())
         return;
-    if (!isFreeName(name, stored)) {
-        name = uniqueNameLike(name);
-        file = copyOf(*file);
-        file->setPreferredFilename(name);
+    auto file = attachment.fileWrapper();
+    if (!isFree(name, *file, stored, package)) {
+        file = namedAfresh(*file);
+        name = *file->preferredFilename();
     }
-    auto fresh = attachment.makeOfSameClass();
-    fresh->setFileWrapper(placeholderFor(*file, name));
+    text.addAttribute(NSAttachmentAttributeName, withFile(attachment, placeholderFor(*file, name)), run);
     stored.members.emplace(std::move(name), std::move(file));
-    text.addAttribute(NSAttachmentAttributeName, std::move(fresh), run);
 }
 
 } // namespace
@@ -125,7 +172,19 @@ void removeAttributesNotStored(NSMutableAttributedString& text)
     text.enumerateAttributesInRange({0, text.length()}, {}, filter);
 }
 
-StoredAttachments takeAttachments(NSMutableAttributedString& text)
+void renameFilesThatNoMemberCanBe(NSMutableAttributedString& text)
+{
+    const auto rename = [&text](const NSAny& value, NSRange run, bool& /*stop*/) {
+        const auto attachment = value.object<NSTextAttachment>();
+        const auto name = attachment ? nameOfFile(*attachment) : u"";
+        if (!name.empty() && !isNameOfMember(name))
+            text.addAttribute(NSAttachmentAttributeName,
+                              withFile(*attachment, namedAfresh(*attachment->fileWrapper())), run);
+    };
+    text.enumerateAttribute(NSAttachmentAttributeName, rename);
+}
+
+StoredAttachments takeAttachments(NSMutableAttributedString& text, const NSFileWrapper& package)
 {
     StoredAttachments stored;
     const auto take = [&](const NSAny& value, NSRange run, bool& /*stop*/) {
@@ -135,7 +194,7 @@ StoredAttachments takeAttachments(NSMutableAttributedString& text)
         if (attachment->isExactly<CVLDividerTextAttachment>())
             takeDivider(text, run, stored);
         else
-            takeFile(text, *attachment, run, stored);
+            takeFile(text, *attachment, run, stored, package);
     };
     text.enumerateAttribute(NSAttachmentAttributeName, {0, text.length()}, {}, take);
     return stored;

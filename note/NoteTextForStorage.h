@@ -15,6 +15,10 @@
 /// Removes all other attributes.
 void removeAttributesNotStored(NSMutableAttributedString& text);
 
+/// Gives files that are called as one of the package's own members, or as no file can be, copies under fresh
+/// unique names with the same extensions: they would take the place of those members, or have none.
+void renameFilesThatNoMemberCanBe(NSMutableAttributedString& text);
+
 /// What is stored beside a note's text instead of in it.
 struct StoredAttachments {
     /// The files, under the names that the text refers to them by.
@@ -25,7 +29,8 @@ struct StoredAttachments {
 
 /// Takes files and dividers out of the text: files become placeholders with the names of members, dividers
 /// become the asterisks that stand for them. Of two files of one name the second is copied under a fresh
-/// unique name with the same extension, and so is a file that is called as one of the package's own members
-/// or as no file can be. Checklist boxes and attachments whose file has no preferred name stay in the text as
-/// they are.
-[[nodiscard]] StoredAttachments takeAttachments(NSMutableAttributedString& text);
+/// unique name with the same extension, and so is a file in whose place `package`, to which the files are
+/// added, holds other contents. Checklist boxes and attachments whose file has no preferred name stay in the
+/// text as they are.
+[[nodiscard]] StoredAttachments takeAttachments(NSMutableAttributedString& text,
+                                                const NSFileWrapper& package);

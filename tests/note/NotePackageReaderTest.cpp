@@ -89,9 +89,9 @@ TEST_F(NotePackageReader, TakesATextThatIsNoFileForAnEmptyNote)
 
 TEST_F(NotePackageReader, HasNoTextOfWhatCannotBeDecoded)
 {
-    testing::internal::CaptureStderr();
+    LogLines log;
     const auto contents = contentsOfNotePackage(NotePackage().add(kNoteTextMember, "damaged").wrapper());
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("Could not decode note text: "));
+    EXPECT_THAT(log.text(), HasSubstr("Could not decode note text: "));
     EXPECT_FALSE(contents.text);
     EXPECT_EQ(contents.textError.code(), static_cast<int>(NSCocoaError::CoderReadCorrupt));
     EXPECT_TRUE(contents.isUnreadable());

@@ -3,6 +3,7 @@
 #include "colours/HighlightAttribute.h"
 #include "note/NotePackage.h"
 #include "platform/foundation/NSKeyedArchiver.h"
+#include "platform/foundation/NSLog.h"
 #include "platform/foundation/NSPropertyList.h"
 #include "platform/text/NSAttributedStringObject.h"
 #include "tests/richtext/Attachments.h"
@@ -13,6 +14,16 @@
 #include <string>
 #include <string_view>
 #include <utility>
+
+/// What is logged while the object lives.
+class LogLines {
+public:
+    [[nodiscard]] const std::string& text() const { return m_text; }
+
+private:
+    std::string m_text;
+    NSLogCapture m_capture{[this](std::string_view line) { m_text.append(line).append("\n"); }};
+};
 
 /// A NoteText member's bytes.
 [[nodiscard]] inline std::string archivedText(const NSAttributedString& text)

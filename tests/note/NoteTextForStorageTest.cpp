@@ -10,7 +10,6 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::MatchesRegex;
-using testing::Not;
 using testing::UnorderedElementsAre;
 
 namespace {
@@ -62,7 +61,7 @@ TEST_F(NoteTextForStorage, HasEmptyPlaceholdersForFiles)
     const auto file = makeFile(u"a.png", "image");
     const auto archived = NSTextAttachment::initWithFileWrapper(file);
     auto text = NoteText().add(u"x").addAttachment(archived).text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_NE(attachmentAt(text, 1), archived);
     EXPECT_EQ(nameAt(text, 1), "a.png");
     EXPECT_EQ(contentsAt(text, 1), "");
@@ -79,7 +78,7 @@ TEST_F(NoteTextForStorage, HasPlaceholdersWithTheAttributesOfTheirFiles)
     attributes.extensionHidden = true;
     folder->setFileAttributes(attributes);
     auto text = NoteText().addAttachment(NSTextAttachment::initWithFileWrapper(folder)).text();
-    (void)takeAttachments(text);
+    (void)takeAttachments(text, NotePackage().wrapper());
     const auto placeholder = attachmentAt(text, 0)->fileWrapper();
     EXPECT_TRUE(placeholder->isRegularFile());
     EXPECT_EQ(placeholder->fileAttributes().posixPermissions, 0750U);
@@ -92,7 +91,7 @@ TEST_F(NoteTextForStorage, HasAttachmentsOfTheSameClass)
                     .addAttachment(CVLFileAttachment::initWithFileWrapper(makeFile(u"a.zip")))
                     .addAttachment(makeAttachment(u"b.png"))
                     .text();
-    (void)takeAttachments(text);
+    (void)takeAttachments(text, NotePackage().wrapper());
     EXPECT_TRUE(isAttachment<CVLFileAttachment>(text, 0));
     EXPECT_TRUE(isAttachment<NSTextAttachment>(text, 1));
 }
@@ -105,7 +104,7 @@ TEST_F(NoteTextForStorage, NamesTheSecondOfTwoFilesAfresh)
                     .addAttachment(makeAttachment(u"Makefile", "third"))
                     .addAttachment(makeAttachment(u"Makefile", "fourth"))
                     .text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_EQ(stored.members.size(), 4U);
     EXPECT_EQ(nameAt(text, 0), "image.png");
     EXPECT_EQ(contentsOf(stored, "image.png"), "first");
@@ -123,7 +122,7 @@ TEST_F(NoteTextForStorage, LeavesTheFileItNamesAfreshAsItIs)
                     .addAttachment(makeAttachment(u"image.png", "first"))
                     .addAttachment(NSTextAttachment::initWithFileWrapper(second))
                     .text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_EQ(second->preferredFilename(), u"image.png");
     EXPECT_NE(stored.members.at(UTF16FromUTF8(nameAt(text, 1))), second);
 }
@@ -136,7 +135,7 @@ TEST_F(NoteTextForStorage, StoresAFileTwiceThatStandsInTwoPlaces)
                     .add(u"x")
                     .addAttachment(NSTextAttachment::initWithFileWrapper(file))
                     .text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_EQ(stored.members.size(), 2U);
     EXPECT_NE(nameAt(text, 2), "image.png");
     EXPECT_EQ(contentsOf(stored, nameAt(text, 2)), "image");
@@ -146,7 +145,8 @@ TEST_F(NoteTextForStorage, NamesFilesAfreshThatAreCalledAsThePackagesOwn)
 {
     for (const auto name : {kNoteTextMember, kNoteAttributesMember, kNoteRTFMember}) {
         auto text = NoteText().addAttachment(makeAttachment(name)).text();
-        const auto stored = takeAttachments(text);
+        renameFilesThatNoMemberCanBe(text);
+        const auto stored = takeAttachments(text, NotePackage().wrapper());
         EXPECT_THAT(nameAt(text, 0), MatchesRegex(std::string(kUUID) + "(\\.rtf)?"));
         EXPECT_EQ(contentsOf(stored, nameAt(text, 0)), "contents");
     }
@@ -156,10 +156,54 @@ TEST_F(NoteTextForStorage, NamesFilesAfreshThatAreCalledAsNoFileCanBe)
 {
     for (const auto* name : {u"..", u".", u"../up.png", u"folder/image.png", u"/etc/passwd"}) {
         auto text = NoteText().addAttachment(makeAttachment(name)).text();
-        const auto stored = takeAttachments(text);
+        renameFilesThatNoMemberCanBe(text);
+        const auto stored = takeAttachments(text, NotePackage().wrapper());
         EXPECT_THAT(nameAt(text, 0), MatchesRegex(std::string(kUUID) + "(\\.png)?"));
         EXPECT_EQ(contentsOf(stored, nameAt(text, 0)), "contents");
     }
+}
+
+TEST_F(NoteTextForStorage, NamesAFileAfreshInWhosePlaceThePackageHoldsAnother)
+{
+    for (const auto& [held, isSame] : {std::pair("image", true), std::pair("other", false)}) {
+        auto text = NoteText().addAttachment(makeAttachment(u"a.png", "image")).text();
+        const auto stored = takeAttachments(text, NotePackage().add(u"a.png", held).wrapper());
+        EXPECT_EQ(nameAt(text, 0) == "a.png", isSame);
+        EXPECT_EQ(contentsOf(stored, nameAt(text, 0)), "image");
+    }
+}
+
+TEST_F(NoteTextForStorage, NamesAFolderAfreshInWhosePlaceThePackageHoldsAnother)
+{
+    const auto folderWith = [](std::u16string_view name, const std::string& contents) {
+        auto folder = NSFileWrapper::initDirectoryWithFileWrappers(
+            {{std::u16string(name), makeFile(name, contents)}});
+        folder->setPreferredFilename(u"a.pages");
+        return folder;
+    };
+    for (const auto& [held, isSame] :
+         {std::pair(folderWith(u"inner", "x"), true), std::pair(folderWith(u"inner", "y"), false),
+          std::pair(folderWith(u"other", "x"), false), std::pair(makeFile(u"a.pages", "x"), false)}) {
+        auto text = NoteText()
+                        .addAttachment(NSTextAttachment::initWithFileWrapper(folderWith(u"inner", "x")))
+                        .text();
+        (void)takeAttachments(text, NotePackage().add(held).wrapper());
+        EXPECT_EQ(nameAt(text, 0) == "a.pages", isSame);
+    }
+}
+
+TEST_F(NoteTextForStorage, KeepsTheNamesOfOtherFiles)
+{
+    auto text = NoteText()
+                    .addAttachment(makeAttachment(u"a.png"))
+                    .addAttachment(makeAttachment(u"notetext"))
+                    .addAttachment(makeAttachment(u""))
+                    .addAttachment(makeBox(true))
+                    .addAttachment(std::make_shared<NSTextAttachment>())
+                    .text();
+    const auto before = text.copy();
+    renameFilesThatNoMemberCanBe(text);
+    EXPECT_EQ(text, before);
 }
 
 TEST_F(NoteTextForStorage, LeavesAttachmentsWithoutANameInTheText)
@@ -168,7 +212,7 @@ TEST_F(NoteTextForStorage, LeavesAttachmentsWithoutANameInTheText)
         = NSTextAttachment::initWithFileWrapper(NSFileWrapper::initRegularFileWithContents({"contents"}));
     const auto fileless = NSTextAttachment::initWithData(NSData{"data"}, u"public.png");
     auto text = NoteText().addAttachment(nameless).addAttachment(fileless).text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_THAT(stored.members, IsEmpty());
     EXPECT_EQ(attachmentAt(text, 0), nameless);
     EXPECT_EQ(contentsAt(text, 0), "contents");
@@ -179,14 +223,14 @@ TEST_F(NoteTextForStorage, LeavesChecklistBoxesInTheText)
 {
     const auto box = makeBox(true, 1);
     auto text = NoteText().addAttachment(box).text();
-    EXPECT_THAT(takeAttachments(text).members, IsEmpty());
+    EXPECT_THAT(takeAttachments(text, NotePackage().wrapper()).members, IsEmpty());
     EXPECT_EQ(attachmentAt(text, 0), box);
 }
 
 TEST_F(NoteTextForStorage, HasAsterisksForDividers)
 {
     auto text = NoteText().add(u"a").addAttachment(CVLDividerTextAttachment::init()).add(u"b").text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_EQ(text.string(), u"a***b");
     EXPECT_THAT(stored.dividerRanges, ElementsAre(NSRange{1, 3}));
     EXPECT_EQ(text.attributedSubstringFromRange({1, 3}), CVLDividerTextAttachment::replacementString());
@@ -201,7 +245,7 @@ TEST_F(NoteTextForStorage, HasTheRangesOfDividersInTheStoredText)
                     .addAttachment(CVLDividerTextAttachment::init())
                     .addAttachment(CVLDividerTextAttachment::init())
                     .text();
-    const auto stored = takeAttachments(text);
+    const auto stored = takeAttachments(text, NotePackage().wrapper());
     EXPECT_EQ(text.string(), u"***ab\uFFFC******");
     EXPECT_THAT(stored.dividerRanges, ElementsAre(NSRange{0, 3}, NSRange{6, 3}, NSRange{9, 3}));
     EXPECT_EQ(nameAt(text, 5), "a.png");

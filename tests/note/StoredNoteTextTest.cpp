@@ -225,9 +225,9 @@ TEST_F(StoredNoteText, KeepsTheTextOfDividersThatJumpBackAndForthWithoutEnd)
         ranges.push_back({index, 1});
         ranges.push_back({kLength - 2 - index, 1});
     }
-    testing::internal::CaptureStderr();
+    LogLines log;
     restoreDividers(text, ranges);
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("some stay as text"));
+    EXPECT_THAT(log.text(), HasSubstr("some stay as text"));
     // The last range of the list is the first that is taken.
     EXPECT_EQ(text.characterAtIndex(kLength - 2 - 999), NSAttachmentCharacter);
     EXPECT_EQ(text.characterAtIndex(0), u'x');

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/foundation/NSError.h"
+#include "platform/foundation/NSFileWrapper.h"
+#include "platform/text/NSAttributedString.h"
+
+#include <optional>
+
+/// The text of a note from its package's RTFD part alone, as it is shown: what other programs wrote, or what
+/// is left of a damaged package. Background, drawings and the like are not in there. None, with the reason in
+/// `error`, when that part cannot be read either.
+[[nodiscard]] std::optional<NSAttributedString> noteTextFromRTFD(const NSFileWrapper& package,
+                                                                 NSError& error);
