@@ -152,7 +152,7 @@ ReadResult readDocument(OfficePackage& package, const std::string& mainPart, Con
     readDefinitions(package, parts, definitions);
     WordLists lists(definitions.numbering);
     WordTextAttributes attributes(definitions.fonts);
-    WordDocumentState state{definitions.theme, {definitions.styles, lists, attributes, sink}, {}, {}, {}};
+    WordDocumentState state{definitions.theme, {definitions.styles, lists, attributes, sink, 0}, {}, {}, {}};
 
     const WordRelationships relationships(package, mainPart);
     WordStoryHandler body(state, relationships);

@@ -10,6 +10,8 @@
 namespace {
 
 constexpr int kOutlineLevelCount = 9;
+/// Each costs memory for as long as the text lives. Paragraphs beyond them are set as those before.
+constexpr std::size_t kMostParagraphStyles = 200'000;
 
 } // namespace
 
@@ -125,8 +127,13 @@ void WordStoryText::endParagraph()
     WordTextLook look{m_base, {}, {}};
     look.properties.overrideWith(m_markProperties);
     auto style = wordParagraphStyle(m_properties, m_headerLevel, m_lists);
-    if (!m_lastStyle || !m_lastStyle->isEqual(style))
+    const bool isNew = !m_lastStyle || !m_lastStyle->isEqual(style);
+    if (isNew && m_reading.paragraphStyleCount < kMostParagraphStyles) {
+        ++m_reading.paragraphStyleCount;
         m_lastStyle = style.copy();
+    }
+    if (!m_lastStyle)
+        m_lastStyle = NSParagraphStyle::defaultParagraphStyle();
     m_builder.endParagraph(m_start, m_lastStyle, look);
     m_isInParagraph = false;
     if (m_behind.length() > 0)

@@ -18,6 +18,8 @@ struct WordReading {
     WordLists& lists;
     WordTextAttributes& attributes;
     ContentSink& sink;
+    /// The styles made so far, of which there is a bound.
+    std::size_t paragraphStyleCount = 0;
 };
 
 /// One text of a document as it is put together: paragraphs, runs and tables in their order. Each call is

@@ -11,7 +11,8 @@ namespace {
 /// What a document that says nothing of its text is set in.
 constexpr std::string_view kUsualFamily = "Times New Roman";
 constexpr double kUsualSize = 10;
-constexpr std::size_t kMostMade = 2'000;
+constexpr std::size_t kMostKept = 2'000;
+constexpr std::size_t kMostMade = 50'000;
 constexpr double kMostChannel = 255;
 constexpr int kSingleLine = 1;
 constexpr int kDoubleLine = 9;
@@ -85,12 +86,16 @@ WordScript scriptOfText(std::u16string_view text)
 
 const NSAttributes& WordTextAttributes::attributes(const WordTextLook& look, WordScript script)
 {
-    if (m_made.size() >= kMostMade)
+    const auto key = std::make_pair(script, look);
+    if (const auto found = m_made.find(key); found != m_made.end())
+        return found->second;
+    if (m_madeCount >= kMostMade)
+        return m_last;
+    if (m_made.size() >= kMostKept)
         m_made.clear();
-    const auto [place, isNew] = m_made.try_emplace({script, look});
-    if (isNew)
-        place->second = make(look, script);
-    return place->second;
+    ++m_madeCount;
+    m_last = make(look, script);
+    return m_made.emplace(key, m_last).first->second;
 }
 
 NSFont::Ref WordTextAttributes::fontFor(const WordRunProperties& properties, WordScript script)

@@ -25,7 +25,8 @@ enum class WordScript { Western, EastAsian, Complex };
 /// The script of the first letter that has one; Western when none has.
 [[nodiscard]] WordScript scriptOfText(std::u16string_view text);
 
-/// Text attributes for looks, made once each.
+/// Text attributes for looks, made once each. Each costs memory for as long as the text lives: beyond a bound
+/// of looks, new ones are taken for the last one made.
 class WordTextAttributes {
 public:
     /// The fonts must outlive the attributes.
@@ -43,4 +44,6 @@ private:
 
     WordFonts& m_fonts;
     std::map<std::pair<WordScript, WordTextLook>, NSAttributes> m_made;
+    NSAttributes m_last;
+    std::size_t m_madeCount = 0;
 };

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kMostPendingUnits = 16'384;
 /// Changes of looks beyond which text goes on as it looks there: each is kept by itself.
-constexpr std::size_t kMostChanges = 2'000'000;
+constexpr std::size_t kMostChanges = 1'000'000;
 
 /// Characters that mean something else in a text than in a document.
 char16_t plainUnit(char16_t unit)

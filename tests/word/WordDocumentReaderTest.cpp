@@ -216,6 +216,21 @@ TEST(WordDocumentReader, ReadsTablesWithinMoreTablesThanItKeepsAsParagraphs)
     EXPECT_EQ(styleAt(text, u"deep")->textBlocks().size(), 16U);
 }
 
+TEST(WordDocumentReader, KeepsTheTextOfMoreLooksThanItKeeps)
+{
+    constexpr unsigned kLooks = 50'001;
+    WordPackageBytes document;
+    document.body = "<w:p>";
+    for (unsigned number = 0; number < kLooks; ++number)
+        document.body += wordRun("a", "<w:position w:val='" + std::to_string(number + 1) + "'/>");
+    document.body += "</w:p>";
+    const auto text = textOfWord(document);
+    ASSERT_EQ(text.length(), kLooks + 1);
+    EXPECT_EQ(text.attribute(NSBaselineOffsetAttributeName, kLooks - 3), NSAny(24'999.5));
+    EXPECT_EQ(text.attribute(NSBaselineOffsetAttributeName, kLooks - 2), NSAny(25'000.0));
+    EXPECT_EQ(text.attribute(NSBaselineOffsetAttributeName, kLooks - 1), NSAny(25'000.0));
+}
+
 TEST(WordDocumentReader, ReadsElementsInNoOrder)
 {
     const auto text = textOfWordBody(
