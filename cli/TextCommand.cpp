@@ -7,6 +7,7 @@
 #include "platform/media/PDFTextCache.h"
 #include "platform/search/FileText.h"
 #include "platform/search/SKIndex.h"
+#include "service/ApplicationSources.h"
 #include "service/ItemText.h"
 
 #include <CLI/CLI.hpp>
@@ -38,7 +39,7 @@ IndexedText indexedText(const NSURL& url, NSError& error)
 {
     // As in a request: what is read of a PDF is read once.
     const PDFTextCache::RequestScope scope;
-    auto item = textOfItem(url, {}, ItemSources());
+    auto item = textOfItem(url, {}, applicationSources());
     const std::string rule(nameOfItemTextRule(item.rule));
     if (item.error) {
         error = *item.error;

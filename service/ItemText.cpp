@@ -6,8 +6,8 @@
 #include "platform/foundation/TextEncoding.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/media/ContentLimits.h"
-#include "platform/word/NSAttributedStringWord.h"
 #include "platform/media/PDFDocument.h"
+#include "platform/word/NSAttributedStringWord.h"
 #include "service/JoinedLines.h"
 #include "service/MailText.h"
 

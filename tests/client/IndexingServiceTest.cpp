@@ -1,6 +1,8 @@
 #include "client/IndexingClient.h"
+#include "note/CVLNoteFile.h"
 #include "platform/foundation/NSURLBookmark.h"
 #include "platform/search/SKIndex.h"
+#include "platform/text/NSTextAttachment.h"
 #include "platform/xpc/UnixSocket.h"
 #include "tests/client/ServiceProcess.h"
 #include "tests/support/TemporaryFolder.h"
@@ -116,6 +118,44 @@ TEST_F(IndexingServiceTest, IndexesMovesAndRemoves)
     EXPECT_FALSE(reply->error);
     EXPECT_EQ(openIndex()->documentCount(), 0);
     EXPECT_TRUE(openIndex()->check().empty());
+}
+
+TEST_F(IndexingServiceTest, IndexesNotesWithTheirAttachments)
+{
+    const ServiceProcess service(options.socketPath);
+    const auto client = connect();
+    auto file = NSFileWrapper::initRegularFileWithContents({"crane and ferry"});
+    file->setPreferredFilename(u"plans.txt");
+    NSMutableAttributedString text{std::u16string(u"the lighthouse ")};
+    text.appendAttributedString(
+        NSAttributedString::attributedStringWithAttachment(NSTextAttachment::initWithFileWrapper(file)));
+    CVLNoteFile note;
+    note.setNoteText(text);
+    ASSERT_TRUE(note.saveToFileURL(folder.url("n.cvlnote")));
+
+    ASSERT_EQ(index(*client, "n.cvlnote", {{"plans.txt", {}}}), 0);
+    EXPECT_EQ(namesFoundBy("lighthouse"), Names{"n.cvlnote"});
+    EXPECT_EQ(namesFoundBy("ferry"), Names{"plans.txt"});
+    EXPECT_TRUE(holds(folder.url("n.cvlnote/plans.txt")));
+
+    ASSERT_EQ(index(*client, "n.cvlnote"), 0);
+    EXPECT_EQ(namesFoundBy("lighthouse"), Names{"n.cvlnote"});
+    EXPECT_EQ(namesFoundBy("ferry"), Names{});
+    EXPECT_TRUE(openIndex()->check().empty());
+}
+
+TEST_F(IndexingServiceTest, SurvivesNotesThatAreNone)
+{
+    const ServiceProcess service(options.socketPath);
+    const auto client = connect();
+    folder.write("damaged.cvlnote/NoteText", "damaged");
+    folder.write("empty.cvlnote/NoteText", "");
+    folder.write("both.cvlnote/NoteText", "damaged");
+    folder.write("both.cvlnote/TXT.rtf", "{\\rtf1");
+    folder.write("file.cvlnote", "no folder");
+    for (const auto* name : {"damaged.cvlnote", "empty.cvlnote", "both.cvlnote", "file.cvlnote"})
+        EXPECT_EQ(index(*client, name), 0) << name;
+    EXPECT_EQ(openIndex()->documentCount(), 4);
 }
 
 TEST_F(IndexingServiceTest, AnswersEveryFailureWithItsCode)

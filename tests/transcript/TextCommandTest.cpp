@@ -1,3 +1,4 @@
+#include "note/CVLNoteFile.h"
 #include "tests/transcript/Transcript.h"
 
 #include <gmock/gmock.h>
@@ -27,6 +28,17 @@ TEST_F(TextCommand, AnswersInJSON)
     EXPECT_EQ(value.at("path"), "a.html");
     EXPECT_EQ(value.at("rule"), "text");
     EXPECT_THAT(value.at("text").get<std::string>(), HasSubstr("harbour"));
+}
+
+TEST_F(TextCommand, ShowsTheTextOfANote)
+{
+    CVLNoteFile note;
+    note.setNoteText(NSAttributedString(u"harbour lights\n"));
+    ASSERT_TRUE(note.saveToFileURL(folder().url("a.cvlnote")));
+    const auto outcome = corvel({"text", "a.cvlnote"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "harbour lights\n");
+    EXPECT_EQ(outcome.error, "rule: note package\n");
 }
 
 TEST_F(TextCommand, FailsForAFileThatIsNotThere)
