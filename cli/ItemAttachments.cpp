@@ -3,6 +3,7 @@
 #include "cli/ErrorMessage.h"
 #include "cli/ItemWalk.h"
 #include "platform/foundation/FileDescriptor.h"
+#include "platform/foundation/NSFileWrapper.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/media/ContentLimits.h"
 #include "platform/media/MCOMessageParser.h"
@@ -39,11 +40,20 @@ bool addAttachment(ItemAttachments& attachments, const std::string& name)
     return true;
 }
 
-bool isAttachmentMember(const fs::directory_entry& member)
+/// Where a note's files stand beside those of its rich text, the second is under a name that the package
+/// made. What it holds is there under another name too.
+bool isSecondName(const std::string& name)
+{
+    static const auto kMark = UTF8FromUTF16(NSFileWrapperUniqueMark);
+    const auto digits = name.find_first_not_of("0123456789");
+    return digits != 0 && digits != std::string::npos && name.compare(digits, kMark.size(), kMark) == 0;
+}
+
+bool isAttachmentMember(const fs::directory_entry& member, bool isOfNote)
 {
     std::error_code ignored; // What went away is no attachment.
     const auto name = member.path().filename().native();
-    return !name.starts_with('.')
+    return !name.starts_with('.') && !(isOfNote && isSecondName(name))
         && std::find(kOwnMembers.begin(), kOwnMembers.end(), name) == kOwnMembers.end()
         && fs::is_regular_file(member.symlink_status(ignored));
 }
@@ -51,10 +61,12 @@ bool isAttachmentMember(const fs::directory_entry& member)
 ItemAttachments attachmentsOfPackage(const std::string& path)
 {
     ItemAttachments attachments;
+    const auto isNote = fs::path(path).extension() == ".cvlnote";
     std::error_code failure;
     for (fs::directory_iterator member(path, failure), end; !failure && member != end;
          member.increment(failure)) {
-        if (isAttachmentMember(*member) && !addAttachment(attachments, member->path().filename().native()))
+        if (isAttachmentMember(*member, isNote)
+            && !addAttachment(attachments, member->path().filename().native()))
             break;
     }
     return attachments;

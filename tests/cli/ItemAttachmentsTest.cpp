@@ -37,6 +37,19 @@ TEST(ItemAttachments, AreTheMemberFilesOfAPackage)
     EXPECT_THAT(names(attachmentsOfItem(folder.url("a.cvlnote")).info), ElementsAre("list.txt", "scan.png"));
 }
 
+TEST(ItemAttachments, LeaveOutTheSecondNamesOfANotesFiles)
+{
+    const TemporaryFolder folder;
+    for (const auto* member : {"scan.png", "1__#$!@%!#__scan.png", "12__#$!@%!#__scan.png", "12", "1__.png",
+                               "__#$!@%!#__scan.png"}) {
+        folder.write(std::string("a.cvlnote/") + member, "x");
+        folder.write(std::string("a.rtfd/") + member, "x");
+    }
+    EXPECT_THAT(names(attachmentsOfItem(folder.url("a.cvlnote")).info),
+                ElementsAre("12", "1__.png", "__#$!@%!#__scan.png", "scan.png"));
+    EXPECT_THAT(attachmentsOfItem(folder.url("a.rtfd")).info, SizeIs(6));
+}
+
 TEST(ItemAttachments, LeaveOutAMemberWhoseNameIsNoUTF8AndSaySo)
 {
     const TemporaryFolder folder;
