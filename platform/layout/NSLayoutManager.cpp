@@ -4,8 +4,11 @@
 #include "platform/drawing/NSGraphicsContext.h"
 #include "platform/layout/LayoutLimits.h"
 #include "platform/layout/ParagraphLines.h"
+#include "platform/text/NSAttributeNames.h"
+#include "platform/text/NSColor.h"
 #include "platform/views/NSTextView.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -34,6 +37,58 @@ NSRect movedBy(NSRect rect, NSPoint distance)
     return {{rect.origin.x + distance.x, rect.origin.y + distance.y}, rect.size};
 }
 
+std::vector<FlowParagraph> paragraphsOf(const NSAttributedString& text)
+{
+    std::vector<FlowParagraph> paragraphs;
+    for (NSUInteger location = 0; location < text.length();) {
+        const auto range = text.paragraphRangeAtIndex(location);
+        paragraphs.push_back(
+            {range, text.attribute(NSParagraphStyleAttributeName, location).object<NSParagraphStyle>()});
+        location = NSMaxRange(range);
+    }
+    const auto end = text.length();
+    // The empty line behind the last line end stands in no block.
+    if (end > 0 && text.paragraphRangeAtIndex(end).length == 0)
+        paragraphs.push_back({{end, 0}, nullptr});
+    return paragraphs;
+}
+
+bool isEmpty(const NSAttributedString& text, NSRange range)
+{
+    const auto characters = text.substringWithRange(range);
+    return std::all_of(characters.begin(), characters.end(),
+                       [](char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == 0x2029; });
+}
+
+bool isHidden(const NSAttributedString& text, const PlacedBlock& placed)
+{
+    const auto* cell = dynamic_cast<const NSTextTableBlock*>(placed.block.get());
+    return cell && cell->table() && cell->table()->hidesEmptyCells() && isEmpty(text, placed.range);
+}
+
+void fillBorder(const PlacedBlock& placed, NSRectEdge edge, NSRect rect, NSGraphicsContext& context)
+{
+    const auto& own = placed.block->borderColorForEdge(edge);
+    const auto color = own ? own : NSColor::tertiaryLabelColor();
+    context.fillRect(rect, *color);
+}
+
+void drawBlock(const PlacedBlock& placed, NSPoint corner, NSGraphicsContext& context)
+{
+    const auto [origin, size] = movedBy(placed.rect, corner);
+    const auto& border = placed.border;
+    if (const auto& ground = placed.block->backgroundColor())
+        context.fillRect({origin, size}, *ground);
+    const auto right = origin.x + size.width - border.right;
+    const auto bottom = origin.y + size.height - border.bottom;
+    const auto inner = size.height - border.vertical();
+    const auto below = origin.y + border.top;
+    fillBorder(placed, NSRectEdge::MinY, {origin, {size.width, border.top}}, context);
+    fillBorder(placed, NSRectEdge::MaxY, {{origin.x, bottom}, {size.width, border.bottom}}, context);
+    fillBorder(placed, NSRectEdge::MinX, {{origin.x, below}, {border.left, inner}}, context);
+    fillBorder(placed, NSRectEdge::MaxX, {{right, below}, {border.right, inner}}, context);
+}
+
 } // namespace
 
 NSLayoutManager::NSLayoutManager(const NSTextContainer& container, AttachmentImage image)
@@ -41,30 +96,16 @@ NSLayoutManager::NSLayoutManager(const NSTextContainer& container, AttachmentIma
     , m_image(std::move(image))
     , m_width(boundedLength(container.size().width, kNarrowestColumn))
 {
-    for (NSUInteger location = 0; location < m_text.length();) {
-        const auto range = m_text.paragraphRangeAtIndex(location);
-        placeParagraph(range);
-        location = NSMaxRange(range);
-    }
-    const auto end = m_text.length();
-    if (end > 0 && m_text.paragraphRangeAtIndex(end).length == 0)
-        placeParagraph({end, 0});
-}
-
-void NSLayoutManager::placeParagraph(NSRange range)
-{
-    const auto isAtTop = m_paragraphs.empty();
-    const auto height = ::enumerateLines({m_text, m_image}, range, m_width, isAtTop, NSAppearance::Light,
-                                         [](const TextLine&) { return true; });
-    m_paragraphs.push_back({range, {{0, m_height}, {m_width, height}}, isAtTop});
-    m_height += height;
+    const auto paragraphs = paragraphsOf(m_text);
+    const LayoutSource source{m_text, m_image};
+    m_height = TextFlow(source, m_places).place(paragraphs, 0, {}, m_width);
 }
 
 void NSLayoutManager::enumerateLines(NSRange range, NSAppearance appearance, VerticalSpan visible,
                                      const PlacedLineVisitor& visit) const
 {
     const LayoutSource source{m_text, m_image};
-    for (const auto& paragraph : m_paragraphs) {
+    for (const auto& paragraph : m_places.paragraphs) {
         const auto top = paragraph.rect.origin.y;
         if (!isTouched(paragraph.range, range) || top > visible.bottom
             || top + paragraph.rect.size.height < visible.top)
@@ -98,13 +139,26 @@ void NSLayoutManager::enumerateAttachmentsForGlyphRange(NSRange range, const Att
     });
 }
 
+NSRect NSLayoutManager::boundsRectForTextBlock(const NSTextBlock& block) const
+{
+    const auto found = std::find_if(m_places.blocks.begin(), m_places.blocks.end(),
+                                    [&](const PlacedBlock& placed) { return placed.block.get() == &block; });
+    return found == m_places.blocks.end() ? NSRect() : found->rect;
+}
+
 void NSLayoutManager::drawBackgroundForGlyphRange(NSRange range, NSPoint atPoint, NSTextView& view) const
 {
     auto& context = view.graphicsContext();
-    enumerateLines(range, context.appearance(), visibleSpan(context, atPoint),
-                   [&](const TextLine& line, NSPoint origin) {
-                       line.drawBackground(view, {atPoint.x + origin.x, atPoint.y + origin.y});
-                   });
+    const auto visible = visibleSpan(context, atPoint);
+    for (const auto& placed : m_places.blocks) {
+        const auto top = placed.rect.origin.y;
+        if (isTouched(placed.range, range) && top <= visible.bottom
+            && top + placed.rect.size.height >= visible.top && !isHidden(m_text, placed))
+            drawBlock(placed, atPoint, context);
+    }
+    enumerateLines(range, context.appearance(), visible, [&](const TextLine& line, NSPoint origin) {
+        line.drawBackground(view, {atPoint.x + origin.x, atPoint.y + origin.y});
+    });
 }
 
 void NSLayoutManager::drawGlyphsForGlyphRange(NSRange range, NSPoint atPoint, NSTextView& view) const

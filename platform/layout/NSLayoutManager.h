@@ -3,6 +3,7 @@
 #include "platform/foundation/NSGeometry.h"
 #include "platform/foundation/NSRange.h"
 #include "platform/layout/AttachmentImage.h"
+#include "platform/layout/TextFlow.h"
 #include "platform/text/NSAppearance.h"
 #include "platform/text/NSAttributedString.h"
 
@@ -11,7 +12,6 @@
 
 class NSTextContainer;
 class NSTextView;
-struct TextLine;
 
 /// Lays a text out in a column as wide as a text container, and draws it. Coordinates are points from the
 /// column's upper left corner, y downwards; glyphs are counted as the characters that they stand for.
@@ -21,8 +21,8 @@ struct TextLine;
 /// Characters are drawn as NSStringDrawing.h says, and with links, raised letters and backgrounds as high as
 /// the line. Attachments stand in the line, as their cells ask or as `image` gives them.
 ///
-/// Everything is laid out at once, in time in proportion to the text. What is kept is some 80 bytes for each
-/// paragraph: lines are set again whenever they are asked for or drawn. Numbers of the text that no page
+/// Everything is laid out at once, in time in proportion to the text. What is kept is some 100 bytes for each
+/// paragraph, as much for each block: lines are set again whenever they are asked for or drawn. Numbers of the text that no page
 /// could show are cut (LayoutLimits.h). For one thread at a time.
 class NSLayoutManager {
 public:
@@ -52,8 +52,13 @@ public:
     /// Visits the attachments in the range, with the frames that they are drawn in.
     void enumerateAttachmentsForGlyphRange(NSRange range, const AttachmentVisitor& visit) const;
 
+    /// Where a block or table of the text stands: with its borders, without its margins. Empty for one that
+    /// no paragraph is in. Linear in the number of blocks.
+    [[nodiscard]] NSRect boundsRectForTextBlock(const NSTextBlock& block) const;
+
     /// Draws the lines that hold characters of the range and are within the clip, the column's corner at
-    /// `atPoint` in the view, which is flipped: the backgrounds first, then text and attachments.
+    /// `atPoint` in the view, which is flipped: first the backgrounds, of blocks and of text, then text and
+    /// attachments.
     void drawBackgroundForGlyphRange(NSRange range, NSPoint atPoint, NSTextView& view) const;
     void drawGlyphsForGlyphRange(NSRange range, NSPoint atPoint, NSTextView& view) const;
 
@@ -64,17 +69,10 @@ public:
     };
 
 private:
-    struct PlacedParagraph {
-        NSRange range;
-        NSRect rect;
-        bool isAtTop = false;
-    };
-
     static constexpr VerticalSpan kEverything{-1e12, 1e12};
 
     using PlacedLineVisitor = std::function<void(const TextLine& line, NSPoint origin)>;
 
-    void placeParagraph(NSRange range);
     void enumerateLines(NSRange range, NSAppearance appearance, VerticalSpan visible,
                         const PlacedLineVisitor& visit) const;
 
@@ -82,5 +80,5 @@ private:
     AttachmentImage m_image;
     double m_width;
     double m_height = 0;
-    std::vector<PlacedParagraph> m_paragraphs;
+    TextPlaces m_places;
 };

@@ -39,7 +39,8 @@ DrawingSurface TextSheet::surface() const
 {
     const auto& margins = m_options.margins;
     const auto height = margins.top + m_layoutManager.usedRect().size.height + margins.bottom;
-    return {{m_options.width, std::max(height, 1.0)}, m_options.appearance, Flipped::Yes};
+    // A last row of pixels that is covered in part would be of a colour between.
+    return {{m_options.width, std::max(std::ceil(height), 1.0)}, m_options.appearance, Flipped::Yes};
 }
 
 NSDrawing TextSheet::drawing() const

@@ -42,7 +42,8 @@ TEST_F(TextSheetInk, IsAsHighAsItsTextAndMargins)
 {
     const TextSheet sheet(styledText(u"a\na").copy(), {.width = 300, .margins = {10, 20, 30, 40}});
     EXPECT_EQ(sheet.surface().size.width, 300);
-    EXPECT_NEAR(sheet.surface().size.height, 2 * kLine + 40, kTolerance);
+    // 87.68 in whole points.
+    EXPECT_EQ(sheet.surface().size.height, 88);
     EXPECT_EQ(sheet.layoutManager().usedRect().size.width, 240);
 }
 
