@@ -8,47 +8,57 @@
 #include "platform/text/NSShadow.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <unordered_map>
 
 namespace {
 
 constexpr std::int32_t kHalfPoint = 500;
 
-NSAny valueOf(const NSAttributes& attributes, std::u16string_view name)
+/// What formats are made with.
+struct Tables {
+    RTFFontWriting& fonts;
+    RTFColorWriting& colors;
+};
+
+using Format = RTFCharacterFormat;
+
+/// Sets what one attribute says.
+struct AttributeSetter {
+    std::u16string_view name;
+    void (*set)(Format& format, const NSAny& value, Tables& tables);
+};
+
+std::int32_t wholeValue(const NSAny& value)
 {
-    const auto found = attributes.find(name);
-    return found == attributes.end() ? NSAny() : found->second;
+    return wholeNumber(static_cast<double>(value.integerValue()));
 }
 
-std::int32_t wholeValue(const NSAttributes& attributes, std::u16string_view name)
+std::int32_t scaledValue(const NSAny& value, double scale)
 {
-    return wholeNumber(static_cast<double>(valueOf(attributes, name).integerValue()));
+    return wholeNumber(value.doubleValue() * scale);
 }
 
-std::int32_t scaledValue(const NSAttributes& attributes, std::u16string_view name, double scale)
+std::int32_t colorNumber(const NSAny& value, Tables& tables)
 {
-    return wholeNumber(valueOf(attributes, name).doubleValue() * scale);
+    return tables.colors.numberOf(value.object<NSColor>());
 }
 
-std::int32_t colorNumber(const NSAttributes& attributes, std::u16string_view name, RTFColorWriting& colors)
+void setFont(Format& format, const NSAny& value, Tables& tables)
 {
-    return colors.numberOf(valueOf(attributes, name).object<NSColor>());
-}
-
-void setFont(RTFCharacterFormat& format, const NSAttributes& attributes, RTFFontWriting& fonts)
-{
-    static const auto standard = NSFont::userFontOfSize(NSFont::kDefaultSize);
-    const auto own = valueOf(attributes, NSFontAttributeName).object<NSFont>();
-    const auto& font = own ? own : standard;
-    format.font = fonts.numberOf(*font);
+    const auto font = value.object<NSFont>();
+    if (!font)
+        return;
+    format.font = tables.fonts.numberOf(*font);
     format.size = wholeNumber(font->pointSize() * 1000);
     format.isBold = (font->symbolicTraits() & NSFontBoldTrait) != 0;
     format.isItalic = (font->symbolicTraits() & NSFontItalicTrait) != 0;
 }
 
-void setShadow(RTFCharacterFormat& format, const NSAttributes& attributes, RTFColorWriting& colors)
+void setShadow(Format& format, const NSAny& value, Tables& tables)
 {
-    const auto shadow = valueOf(attributes, NSShadowAttributeName).object<NSShadow>();
+    const auto shadow = value.object<NSShadow>();
     if (!shadow || !shadow->shadowColor())
         return;
     const auto& color = shadow->shadowColor();
@@ -57,16 +67,70 @@ void setShadow(RTFCharacterFormat& format, const NSAttributes& attributes, RTFCo
                      .y = twipsFromPoints(shadow->shadowOffset().height),
                      .blur = twipsFromPoints(shadow->shadowBlurRadius()),
                      .opacity = wholeNumber(color->alphaComponent() * 255),
-                     .color = colors.numberOf(color->colorWithAlphaComponent(1))};
+                     .color = tables.colors.numberOf(color->colorWithAlphaComponent(1))};
 }
 
-void setHighlight(RTFCharacterFormat& format, const NSAttributes& attributes)
+void setHighlight(Format& format, const NSAny& value, Tables& /*tables*/)
 {
-    const auto style = valueOf(attributes, NSTextHighlightStyleAttributeName);
-    format.isHighlighted = style.string() && *style.string() == NSTextHighlightStyleDefault;
-    const auto scheme = valueOf(attributes, NSTextHighlightColorSchemeAttributeName);
-    if (format.isHighlighted && scheme.string())
-        format.highlightScheme = highlightSchemeNumber(*scheme.string());
+    format.isHighlighted = value.string() && *value.string() == NSTextHighlightStyleDefault;
+}
+
+void setHighlightScheme(Format& format, const NSAny& value, Tables& /*tables*/)
+{
+    if (value.string())
+        format.highlightScheme = highlightSchemeNumber(*value.string());
+}
+
+template <std::int32_t Format::*member> void setColor(Format& format, const NSAny& value, Tables& tables)
+{
+    format.*member = colorNumber(value, tables);
+}
+
+template <std::int32_t Format::*member> void setWhole(Format& format, const NSAny& value, Tables& /*tables*/)
+{
+    format.*member = wholeValue(value);
+}
+
+constexpr std::array kSetters{
+    AttributeSetter{NSFontAttributeName, setFont},
+    AttributeSetter{NSForegroundColorAttributeName, setColor<&Format::color>},
+    AttributeSetter{NSBackgroundColorAttributeName, setColor<&Format::background>},
+    AttributeSetter{NSUnderlineStyleAttributeName, setWhole<&Format::underline>},
+    AttributeSetter{NSUnderlineColorAttributeName, setColor<&Format::underlineColor>},
+    AttributeSetter{NSStrikethroughStyleAttributeName, setWhole<&Format::strikethrough>},
+    AttributeSetter{NSStrikethroughColorAttributeName, setColor<&Format::strikethroughColor>},
+    AttributeSetter{NSSuperscriptAttributeName, setWhole<&Format::superscript>},
+    AttributeSetter{NSLigatureAttributeName, setWhole<&Format::ligature>},
+    AttributeSetter{NSStrokeColorAttributeName, setColor<&Format::strokeColor>},
+    AttributeSetter{NSShadowAttributeName, setShadow},
+    AttributeSetter{NSTextHighlightStyleAttributeName, setHighlight},
+    AttributeSetter{NSTextHighlightColorSchemeAttributeName, setHighlightScheme},
+    AttributeSetter{NSBaselineOffsetAttributeName,
+                    [](Format& f, const NSAny& v, Tables& /*t*/) { f.baseline = scaledValue(v, 2); }},
+    AttributeSetter{NSKernAttributeName,
+                    [](Format& f, const NSAny& v, Tables& /*t*/) { f.kern = scaledValue(v, kTwipsOfPoint); }},
+    AttributeSetter{
+        NSStrokeWidthAttributeName,
+        [](Format& f, const NSAny& v, Tables& /*t*/) { f.strokeWidth = scaledValue(v, kStrokeUnits); }},
+    AttributeSetter{
+        NSExpansionAttributeName,
+        [](Format& f, const NSAny& v, Tables& /*t*/) { f.expansion = scaledValue(v, kShapeUnits); }},
+    AttributeSetter{
+        NSObliquenessAttributeName,
+        [](Format& f, const NSAny& v, Tables& /*t*/) { f.obliqueness = scaledValue(v, kShapeUnits); }},
+};
+
+using Setters = std::unordered_map<std::u16string_view, const AttributeSetter*>;
+
+const Setters& setters()
+{
+    static const Setters byName = [] {
+        Setters made;
+        for (const auto& setter : kSetters)
+            made.emplace(setter.name, &setter);
+        return made;
+    }();
+    return byName;
 }
 
 /// Writes the words of one format that differ from another's.
@@ -285,26 +349,19 @@ private:
 RTFCharacterFormat characterFormatOf(const NSAttributes& attributes, RTFFontWriting& fonts,
                                      RTFColorWriting& colors)
 {
+    static const auto standard = NSFont::userFontOfSize(NSFont::kDefaultSize);
     RTFCharacterFormat format;
-    setFont(format, attributes, fonts);
-    format.color = colorNumber(attributes, NSForegroundColorAttributeName, colors);
-    format.background = colorNumber(attributes, NSBackgroundColorAttributeName, colors);
-    format.underline = wholeValue(attributes, NSUnderlineStyleAttributeName);
-    format.underlineColor = colorNumber(attributes, NSUnderlineColorAttributeName, colors);
-    format.strikethrough = wholeValue(attributes, NSStrikethroughStyleAttributeName);
-    format.strikethroughColor = colorNumber(attributes, NSStrikethroughColorAttributeName, colors);
-    format.baseline = scaledValue(attributes, NSBaselineOffsetAttributeName, 2);
-    format.superscript = wholeValue(attributes, NSSuperscriptAttributeName);
-    if (attributes.contains(NSKernAttributeName))
-        format.kern = scaledValue(attributes, NSKernAttributeName, kTwipsOfPoint);
-    if (attributes.contains(NSLigatureAttributeName))
-        format.ligature = wholeValue(attributes, NSLigatureAttributeName);
-    format.strokeWidth = scaledValue(attributes, NSStrokeWidthAttributeName, kStrokeUnits);
-    format.strokeColor = colorNumber(attributes, NSStrokeColorAttributeName, colors);
-    format.expansion = scaledValue(attributes, NSExpansionAttributeName, kShapeUnits);
-    format.obliqueness = scaledValue(attributes, NSObliquenessAttributeName, kShapeUnits);
-    setShadow(format, attributes, colors);
-    setHighlight(format, attributes);
+    Tables tables{fonts, colors};
+    for (const auto& [name, value] : attributes) {
+        const auto setter = setters().find(name);
+        if (setter != setters().end())
+            setter->second->set(format, value, tables);
+    }
+    if (!format.font)
+        format.font = fonts.numberOf(*standard);
+    // A scheme colours nothing that is not highlighted.
+    if (!format.isHighlighted)
+        format.highlightScheme = 0;
     return format;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -37,6 +38,9 @@ public:
     void escapedBytes(std::string_view bytes);
     /// Bytes as they are.
     void raw(std::string_view bytes);
+
+    /// Makes room for so many bytes more.
+    void reserve(std::size_t count) { m_bytes.reserve(m_bytes.size() + count); }
 
     [[nodiscard]] const std::string& bytes() const { return m_bytes; }
 

@@ -5,6 +5,7 @@
 #include "platform/text/NSAttributeNames.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -26,6 +27,7 @@ RTFRunWriting::RTFRunWriting(RTFOutput& output, const NSAttributedString& text, 
     , m_characters(text.string())
     , m_colors(colors)
     , m_nameOfAttachment(nameOfAttachment)
+    , m_runs(kRunPlaces)
 {
     m_written.size = kNotWritten;
     m_written.color = kNotWritten;
@@ -33,10 +35,10 @@ RTFRunWriting::RTFRunWriting(RTFOutput& output, const NSAttributedString& text, 
 
 const RTFRunWriting::Run& RTFRunWriting::runOf(const NSAttributes& attributes)
 {
-    const auto [known, isNew] = m_runs.try_emplace(&attributes);
-    if (!isNew)
-        return known->second;
-    auto& run = known->second;
+    auto& run = m_runs[std::hash<const NSAttributes*>()(&attributes) / alignof(NSAttributes) % kRunPlaces];
+    if (run.attributes == &attributes)
+        return run;
+    run.attributes = &attributes;
     run.format = characterFormatOf(attributes, m_fonts, m_colors);
     run.address = addressOfLink(valueOf(attributes, NSLinkAttributeName));
     run.attachment = valueOf(attributes, NSAttachmentAttributeName).mutableObject<NSTextAttachment>();

@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <vector>
 
 /// Gives the name of the file that an attachment is written as, UTF-8; empty to leave it out.
 using RTFAttachmentNamer = std::function<std::string(const std::shared_ptr<NSTextAttachment>& attachment)>;
@@ -30,14 +30,16 @@ public:
     [[nodiscard]] const RTFFontWriting& fonts() const { return m_fonts; }
 
 private:
-    /// What is written of a run's attributes. Runs share them, so each is looked at once.
+    /// What is written of a run's attributes.
     struct Run {
+        const NSAttributes* attributes = nullptr;
         RTFCharacterFormat format;
         std::optional<std::string> address;
         std::shared_ptr<NSTextAttachment> attachment;
     };
 
     static constexpr std::int32_t kNotWritten = -1;
+    static constexpr std::size_t kRunPlaces = 1024;
 
     [[nodiscard]] const Run& runOf(const NSAttributes& attributes);
     void applyFormat(const RTFCharacterFormat& format);
@@ -52,7 +54,8 @@ private:
     RTFColorWriting& m_colors;
     const RTFAttachmentNamer& m_nameOfAttachment;
     RTFFontWriting m_fonts;
-    std::unordered_map<const NSAttributes*, Run> m_runs;
+    /// Those met not long ago: runs mostly share their attributes. The place is by the attributes' address.
+    std::vector<Run> m_runs;
     RTFCharacterFormat m_written;
     std::optional<std::string> m_address;
     /// What holds again behind the link.

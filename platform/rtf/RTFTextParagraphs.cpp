@@ -7,7 +7,10 @@
 
 namespace {
 
-constexpr std::u16string_view kParagraphEnds = u"\n\r\u2029";
+bool endsParagraph(char16_t unit)
+{
+    return unit == u'\n' || unit == u'\r' || unit == u'\u2029';
+}
 
 RTFTextParagraph::Cells cellsOf(const NSParagraphStyle& style)
 {
@@ -35,7 +38,9 @@ std::optional<RTFTextParagraph> RTFTextParagraphs::paragraphAt(NSUInteger locati
     if (location >= end)
         return std::nullopt;
     RTFTextParagraph paragraph;
-    const auto contentEnd = std::min(m_characters.find_first_of(kParagraphEnds, location), end);
+    const auto rest = m_characters.substr(location, end - location);
+    const auto* const found = std::find_if(rest.begin(), rest.end(), endsParagraph);
+    const auto contentEnd = location + static_cast<NSUInteger>(found - rest.begin());
     paragraph.content = {location, contentEnd - location};
     paragraph.isEnded = contentEnd < end;
     paragraph.end = paragraph.isEnded ? contentEnd + 1 : end;

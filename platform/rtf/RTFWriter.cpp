@@ -34,6 +34,7 @@ public:
         m_colors.write(document);
         m_lists.write(document);
         writeDocumentAttributes(document, m_documentAttributes);
+        document.reserve(m_output.bytes().size() + 1);
         document.raw(m_output.bytes());
         document.endGroup();
         return document.takeBytes();
