@@ -26,6 +26,7 @@ constexpr std::array kTargets{
     SeededTarget{"FuzzLegacyWord", legacyWordSeeds},
     SeededTarget{"FuzzOfficeDocument", officeDocumentSeeds},
     SeededTarget{"FuzzPropertyList", propertyListSeeds},
+    SeededTarget{"FuzzRTFReader", rtfSeeds},
     SeededTarget{"FuzzTextEncoding", textEncodingSeeds},
     SeededTarget{"FuzzWordReader", wordReaderSeeds},
 };

@@ -15,5 +15,6 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> legacyWordSeeds();
 [[nodiscard]] std::vector<Seed> officeDocumentSeeds();
 [[nodiscard]] std::vector<Seed> propertyListSeeds();
+[[nodiscard]] std::vector<Seed> rtfSeeds();
 [[nodiscard]] std::vector<Seed> textEncodingSeeds();
 [[nodiscard]] std::vector<Seed> wordReaderSeeds();

@@ -9,6 +9,7 @@
 #include "platform/media/OfficeOpenXMLReader.h"
 #include "platform/media/OpenDocumentReader.h"
 #include "platform/media/XMLReader.h"
+#include "platform/rtf/NSAttributedStringRTF.h"
 #include "tests/support/ReadWith.h"
 
 #include <gtest/gtest.h>
@@ -56,4 +57,12 @@ TEST(Seeds, AreKeyedArchives)
         EXPECT_TRUE(
             NSKeyedUnarchiver::unarchivedObjectOfClass(NSObjectClass, seed.bytes, foundationClasses()))
             << seed.name;
+}
+
+TEST(Seeds, AreRichText)
+{
+    for (const auto& seed : rtfSeeds()) {
+        const auto text = NSAttributedStringDocumentFormats::initWithRTF({seed.bytes});
+        EXPECT_TRUE(text && text->length() > 0) << seed.name;
+    }
 }
