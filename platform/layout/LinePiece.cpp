@@ -5,8 +5,10 @@
 #include "platform/drawing/PangoFonts.h"
 #include "platform/layout/LayoutLimits.h"
 #include "platform/layout/LayoutText.h"
+#include "platform/layout/TextShadow.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSColor.h"
+#include "platform/text/NSShadow.h"
 
 #include <algorithm>
 #include <memory>
@@ -219,9 +221,28 @@ void LinePiece::drawText(const PieceLine& line, NSPoint origin, NSGraphicsContex
         context.clipToRect(
             {{origin.x + left, origin.y - kLargestLength}, {m_geometry.limit, 2 * kLargestLength}});
     }
-    cairo_set_source_rgb(cairo, 0, 0, 0);
-    cairo_move_to(cairo, origin.x + line.x, origin.y);
-    pango_cairo_show_layout_line(cairo, line.line);
+    const auto show = [&] {
+        cairo_set_source_rgb(cairo, 0, 0, 0);
+        cairo_move_to(cairo, origin.x + line.x, origin.y);
+        pango_cairo_show_layout_line(cairo, line.line);
+    };
+    drawShadows(line, origin, context, show);
+    show();
+}
+
+void LinePiece::drawShadows(const PieceLine& line, NSPoint origin, NSGraphicsContext& context,
+                            const std::function<void()>& show) const
+{
+    const auto visit = [&](const NSAny& value, NSRange run, bool& /*stop*/) {
+        const auto shadow = value.object<NSShadow>();
+        if (!shadow)
+            return;
+        enumerateInk(line, run, [&](double x, double width) {
+            const NSRect rect{{origin.x + x, origin.y - line.ascent}, {width, line.height}};
+            drawShadow(*shadow, rect, context, show);
+        });
+    };
+    m_text.enumerateAttribute(NSShadowAttributeName, line.range, {}, visit);
 }
 
 void LinePiece::enumerateAttachments(const PieceLine& line, const AttachmentVisitor& visit) const

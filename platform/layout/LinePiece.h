@@ -67,6 +67,8 @@ private:
     [[nodiscard]] Span bytesOf(NSRange range) const;
     /// From left to right.
     [[nodiscard]] static std::vector<Span> visualRanges(PangoLayoutLine& line, Span bytes);
+    void drawShadows(const PieceLine& line, NSPoint origin, NSGraphicsContext& context,
+                     const std::function<void()>& show) const;
     [[nodiscard]] bool holdsAttachment(NSRange range) const;
     void makeRoomForAttachments();
     void setLines(const NSParagraphStyle& style, bool isFirst);

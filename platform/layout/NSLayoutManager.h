@@ -18,12 +18,13 @@ class NSTextView;
 ///
 /// Paragraphs are set by their styles: alignment, indents, tab stops, spacings, line heights, line breaking
 /// and direction. Line separators, form feeds and vertical tabs begin a new line of the same paragraph.
-/// Characters are drawn as NSStringDrawing.h says, and with links, raised letters and backgrounds as high as
-/// the line. Attachments stand in the line, as their cells ask or as `image` gives them.
+/// Characters are drawn as NSStringDrawing.h says, and with links, raised letters, shadows, and backgrounds
+/// as high as the line. Blocks and tables are boxes of their own, to a bounded depth. Attachments stand in
+/// the line, as their cells ask or as `image` gives them.
 ///
 /// Everything is laid out at once, in time in proportion to the text. What is kept is some 100 bytes for each
-/// paragraph, as much for each block: lines are set again whenever they are asked for or drawn. Numbers of the text that no page
-/// could show are cut (LayoutLimits.h). For one thread at a time.
+/// paragraph and as much for each block: lines are set again whenever they are asked for or drawn. Numbers of
+/// the text that no page could show are cut (LayoutLimits.h). For one thread at a time.
 class NSLayoutManager {
 public:
     /// Lays out the container's text as it is now. A container without a width has one of a point.

@@ -4,10 +4,13 @@
 
 #include "attachments/CVLChecklistTextAttachment.h"
 #include "platform/drawing/NSImage.h"
+#include "platform/text/NSShadow.h"
 #include "tests/drawing/Ink.h"
 #include "tests/layout/SampleLayout.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace {
 
@@ -137,6 +140,33 @@ TEST_F(TextSheetInk, SlantsLettersInAFaceOfTheFamily)
 {
     const auto slanted = with(NSObliquenessAttributeName, NSAny(0.2), u"lll");
     EXPECT_NE(drawn(slanted.copy()), drawn(styledText(u"lll").copy()));
+}
+
+TEST_F(TextSheetInk, DrawsShadowsOfTheLettersThatHaveThem)
+{
+    const auto shadow = [](NSSize offset, double blur) {
+        return NSAny(std::make_shared<const NSShadow>(offset, blur, red()));
+    };
+    const auto plain = inkOf(drawn(styledText(u"MM").copy()));
+    auto text = with(NSShadowAttributeName, shadow({40, -5}, 0), u"MM");
+    const auto both = drawn(text.copy());
+    EXPECT_EQ(inkOf(both).right, plain.right + 40);
+    EXPECT_EQ(inkOf(both).bottom, std::min<std::size_t>(plain.bottom + 5, both.high));
+    EXPECT_TRUE(hasColor(both, kRed));
+    text.removeAttribute(NSShadowAttributeName, {1, 1});
+    const auto one = inkOf(drawn(text.copy()));
+    EXPECT_LT(one.right, plain.right + 40 - 10);
+    const auto blurred = drawn(with(NSShadowAttributeName, shadow({40, 0}, 8), u"MM").copy());
+    EXPECT_GT(inkOf(blurred).right, plain.right + 40 + 2);
+    EXPECT_FALSE(hasColor(blurred, kRed));
+}
+
+TEST_F(TextSheetInk, StandsShadowsWithoutMeasure)
+{
+    for (const auto value : {std::numeric_limits<double>::quiet_NaN(), 1e300, -1e300}) {
+        const NSAny shadow(std::make_shared<const NSShadow>(NSSize{value, value}, value, red()));
+        EXPECT_GT(amountOfInk(drawn(with(NSShadowAttributeName, shadow, u"MM").copy())), 10);
+    }
 }
 
 TEST_F(TextSheetInk, DrawsCellsWhereTheyStand)
