@@ -71,7 +71,9 @@ LinePiece::LinePiece(const NSAttributedString& text, NSUInteger length, const NS
     const auto context = textContext();
     pango_context_set_base_dir(context.get(),
                                geometry.isRightToLeft ? PANGO_DIRECTION_RTL : PANGO_DIRECTION_LTR);
-    m_fontHeight = fontHeight(*context, set, length);
+    // To ask costs as much as to set a short line.
+    if (!m_attachments.empty())
+        m_fontHeight = fontHeight(*context, set, length);
     m_layout.reset(pango_layout_new(context.get()));
     pango_layout_set_auto_dir(m_layout.get(), FALSE);
     const auto last = set.length() > 0 ? set.attributesAtIndex(set.length() - 1) : NSAttributes();
