@@ -24,6 +24,7 @@ constexpr std::array kTargets{
     SeededTarget{"FuzzKeyedUnarchiver", keyedArchiveSeeds},
     SeededTarget{"FuzzFileWrapper", fileWrapperSeeds},
     SeededTarget{"FuzzLegacyWord", legacyWordSeeds},
+    SeededTarget{"FuzzNoteFile", noteFileSeeds},
     SeededTarget{"FuzzOfficeDocument", officeDocumentSeeds},
     SeededTarget{"FuzzPropertyList", propertyListSeeds},
     SeededTarget{"FuzzRTFReader", rtfSeeds},

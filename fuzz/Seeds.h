@@ -13,6 +13,7 @@ struct Seed {
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
 [[nodiscard]] std::vector<Seed> fileWrapperSeeds();
 [[nodiscard]] std::vector<Seed> legacyWordSeeds();
+[[nodiscard]] std::vector<Seed> noteFileSeeds();
 [[nodiscard]] std::vector<Seed> officeDocumentSeeds();
 [[nodiscard]] std::vector<Seed> propertyListSeeds();
 [[nodiscard]] std::vector<Seed> rtfSeeds();

@@ -1,5 +1,6 @@
 #include "fuzz/Seeds.h"
 
+#include "note/CVLNoteFile.h"
 #include "platform/foundation/FoundationClasses.h"
 #include "platform/foundation/NSKeyedUnarchiver.h"
 #include "platform/foundation/NSPropertyList.h"
@@ -24,6 +25,21 @@ TEST(Seeds, AreWordDocuments)
         const auto content = readWith(readLegacyWord, seed.bytes);
         EXPECT_EQ(content.status, ContentStatus::Read) << seed.name << ": " << content.reason;
         EXPECT_FALSE(content.text.empty()) << seed.name;
+    }
+}
+
+TEST(Seeds, AreNotesAndTheTextOfOne)
+{
+    for (const auto& seed : noteFileSeeds()) {
+        auto package = NSFileWrapper::initWithSerializedRepresentation(seed.bytes);
+        if (!package) {
+            package = std::make_shared<NSFileWrapper>(NSFileType::Directory);
+            package->addRegularFileWithContents({seed.bytes}, kNoteTextMember);
+        }
+        NSError error;
+        const auto note = CVLNoteFile::initWithFileWrapper(*package, &error);
+        ASSERT_TRUE(note) << seed.name << ": " << error.localizedDescription();
+        EXPECT_EQ(note->noteText().length() == 0, seed.name == "empty");
     }
 }
 
