@@ -1,6 +1,8 @@
 #include "markdown/MarkdownExport.h"
 
+#include "markdown/MarkdownListNumbers.h"
 #include "markdown/MarkdownSpanWriter.h"
+#include "markdown/MarkdownTableWriter.h"
 #include "markdown/MarkdownText.h"
 #include "platform/html/HTMLListMarkers.h"
 #include "platform/text/NSAttributeNames.h"
@@ -30,6 +32,24 @@ std::u16string decimal(NSInteger number)
 std::u16string_view withoutBlankAtEnd(std::u16string_view text)
 {
     return text.ends_with(u' ') ? text.substr(0, text.size() - 1) : text;
+}
+
+/// Whether the block looks as quotes do: a line at its left, no others and no ground.
+bool isQuote(const NSTextBlock& block)
+{
+    if (block.backgroundColor() || dynamic_cast<const NSTextTableBlock*>(&block))
+        return false;
+    return std::all_of(kRectEdges.begin(), kRectEdges.end(), [&block](NSRectEdge edge) {
+        const bool hasLine = block.widthForLayer(NSTextBlockLayer::Border, edge).value > 0;
+        return hasLine == (edge == NSRectEdge::MinX);
+    });
+}
+
+std::size_t quoteDepthOf(const NSParagraphStyle& style)
+{
+    const auto& blocks = style.textBlocks();
+    return static_cast<std::size_t>(
+        std::count_if(blocks.begin(), blocks.end(), [](const auto& block) { return isQuote(*block); }));
 }
 
 class Exporter {
@@ -67,7 +87,7 @@ private:
         const auto style = styleAt(content.location);
         const auto* const cell = cellOf(*style);
         if (cell)
-            return addCell(content, *cell);
+            return addCell(content, *cell, quoteDepthOf(*style));
         endTable();
         const bool isItem = !style->textLists().empty();
         if (m_codeStyle && content.length == 0 && !isItem) {
@@ -116,13 +136,10 @@ private:
     void addItem(NSRange content, const NSParagraphStyle& style)
     {
         const auto& list = *style.textLists().back();
-        if (const auto marker
-            = listMarkerAtStart(m_characters.substr(content.location, content.length), list)) {
-            m_number = marker->number.value_or(m_number + 1);
-            content = {content.location + marker->length, content.length - marker->length};
-        } else {
-            ++m_number;
-        }
+        const auto written = listMarkerAtStart(m_characters.substr(content.location, content.length), list);
+        const auto number = m_numbers.next(style.textLists(), written ? written->number : std::nullopt);
+        if (written)
+            content = {content.location + written->length, content.length - written->length};
         const auto depth = std::min({style.textLists().size() - 1, m_columns.size(), kMostDepth});
         const bool isOtherList = depth == 0 && !m_lastLists.empty() && !isOfLastList(style);
         if (isOtherList)
@@ -130,23 +147,23 @@ private:
         m_columns.resize(depth);
         const auto column
             = depth == 0 ? 0 : std::max(depth * CVLMarkdownChecklistIndentString.size(), m_columns.back());
-        const auto marker = markerOf(list);
+        const auto marker = markerOf(list, number);
         m_columns.push_back(column + (isChecklist(list) ? CVLMarkdownBulletDash.size() : marker.size()));
         const auto words = withEscapedStarts(markdownSpansOf(m_text, content, {}));
         if (isOtherList)
             m_lastKind = Kind::Other;
-        writeBlock(std::u16string(column, u' '), marker + words, style, Kind::Item);
+        writeBlock(std::u16string(column, u' '), marker + words, quoteDepthOf(style), Kind::Item);
         m_lastLists = style.textLists();
     }
 
-    [[nodiscard]] std::u16string markerOf(const NSTextList& list) const
+    [[nodiscard]] std::u16string markerOf(const NSTextList& list, NSInteger number) const
     {
         if (isChecklist(list))
             return std::u16string(list.markerFormat() == NSTextListMarkerCheck
                                       ? CVLMarkdownChecklistOnString
                                       : CVLMarkdownChecklistOffString);
         if (isOrderedList(list))
-            return decimal(m_number).append(m_isOtherSign ? u") " : u". ");
+            return decimal(number).append(m_isOtherSign ? u") " : u". ");
         return std::u16string(m_isOtherSign ? CVLMarkdownBulletAsterisk : CVLMarkdownBulletDash);
     }
 
@@ -209,45 +226,22 @@ private:
         return nullptr;
     }
 
-    void addCell(NSRange content, const NSTextTableBlock& cell)
+    void addCell(NSRange content, const NSTextTableBlock& cell, std::size_t quoteDepth)
     {
         endCode();
-        if (m_table != cell.table())
+        if (!m_table.isOfTable(cell))
             endTable();
-        m_table = cell.table();
-        if (m_rows.empty() || m_row != cell.startingRow())
-            m_rows.emplace_back();
-        m_row = cell.startingRow();
-        const auto words = markdownSpansOf(m_text, content, {.isHeading = false, .isCell = true});
-        const bool isSameCell = std::exchange(m_cell, &cell) == &cell && !m_rows.back().empty();
-        if (!isSameCell)
-            m_rows.back().emplace_back();
-        auto& written = m_rows.back().back();
-        if (!written.empty() && !words.empty())
-            written.append(u"<br>");
-        written.append(words);
+        m_tableQuoteDepth = quoteDepth;
+        m_table.add(cell, markdownSpansOf(m_text, content, {.isHeading = false, .isCell = true}));
     }
 
     void endTable()
     {
-        m_cell = nullptr;
-        if (!std::exchange(m_table, nullptr))
+        if (m_table.isEmpty())
             return;
-        std::size_t width = 0;
-        for (const auto& row : m_rows)
-            width = std::max(width, row.size());
-        m_rows.front().resize(width);
-        std::u16string table;
-        for (const auto& row : m_rows) {
-            for (const auto& cell : row)
-                table.append(u"| ").append(cell).append(u" ");
-            table.append(u"|\n");
-            for (std::size_t column = 0; &row == &m_rows.front() && column <= width; ++column)
-                table.append(column < width ? u"| --- " : u"|\n");
-        }
-        table.pop_back();
-        m_rows.clear();
-        addBlock(table, *NSParagraphStyle::defaultParagraphStyle());
+        m_columns.clear();
+        writeBlock({}, m_table.finish(), m_tableQuoteDepth, Kind::Other);
+        m_lastLists.clear();
     }
 
     // Lines.
@@ -257,15 +251,14 @@ private:
     {
         const auto depth = static_cast<std::size_t>(std::clamp(style.headIndent() / kListIndent, 0.0, 100.0));
         m_columns.resize(std::min(depth, m_columns.size()));
-        writeBlock(std::u16string(m_columns.empty() ? 0 : m_columns.back(), u' '), lines, style, Kind::Other);
+        writeBlock(std::u16string(m_columns.empty() ? 0 : m_columns.back(), u' '), lines, quoteDepthOf(style),
+                   Kind::Other);
         m_lastLists.clear();
-        m_number = 0;
     }
 
-    void writeBlock(const std::u16string& indentation, std::u16string_view lines,
-                    const NSParagraphStyle& style, Kind kind)
+    void writeBlock(const std::u16string& indentation, std::u16string_view lines, std::size_t quoteDepth,
+                    Kind kind)
     {
-        const auto quoteDepth = style.textBlocks().size();
         std::u16string quote;
         for (std::size_t depth = 0; depth < std::min(quoteDepth, kMostDepth); ++depth)
             quote += u"> ";
@@ -301,17 +294,15 @@ private:
     NSParagraphStyle::TextLists m_lastLists;
     /// Where the text of the last item of each depth begins.
     std::vector<std::size_t> m_columns;
-    NSInteger m_number = 0;
+    MarkdownListNumbers m_numbers;
     /// Neighbouring lists are told apart by their signs.
     bool m_isOtherSign = false;
     std::optional<NSMutableParagraphStyle> m_codeStyle;
     std::u16string m_code;
     /// Paragraphs without text behind the code, which belong to it if more code follows.
     std::size_t m_emptyCodeLines = 0;
-    std::shared_ptr<const NSTextTable> m_table;
-    const NSTextTableBlock* m_cell = nullptr;
-    NSInteger m_row = 0;
-    std::vector<std::vector<std::u16string>> m_rows;
+    MarkdownTableWriter m_table;
+    std::size_t m_tableQuoteDepth = 0;
 };
 
 } // namespace

@@ -139,8 +139,16 @@ private:
             writeBlanks();
         }
         for (auto next = common.second; next != markers.end(); ++next)
-            m_markdown += next->opening;
+            open(next->opening);
         m_markers = markers;
+    }
+
+    void open(std::u16string_view opening)
+    {
+        // Together with the bracket it would begin an image.
+        if (opening.starts_with(u'[') && m_markdown.ends_with(u'!'))
+            m_markdown.insert(m_markdown.size() - 1, 1, u'\\');
+        m_markdown += opening;
     }
 
     /// Blanks at the start of a line would not be read.
@@ -173,9 +181,8 @@ private:
         const auto identifier = attachment.fileType();
         const auto type = identifier ? UTType::typeWithIdentifier(UTF8FromUTF16(*identifier)) : std::nullopt;
         setMarkers({});
-        if (type && type->conformsToType(kUTTypeImage))
-            m_markdown += u'!';
-        m_markdown += u"[" + escapedMarkdown(name) + u"](" + markdownTarget(name) + u")";
+        open(type && type->conformsToType(kUTTypeImage) ? u"![" : u"[");
+        m_markdown += escapedMarkdown(name) + u"](" + markdownTarget(name) + u")";
     }
 
     MarkdownSpanContext m_context;

@@ -80,12 +80,34 @@ TEST(MarkdownExport, WritesLists)
     });
 }
 
+TEST(MarkdownExport, CountsEachListFromItsStart)
+{
+    expectMarkdown({
+        {"<ol type=I><li>One<ol type=A><li>aa<li>bb</ol><li>Two</ol>",
+         "1. One\n    1. aa\n    2. bb\n2. Two\n"},
+        {"<ol type=I start=3><li>a<li>b</ol>", "3. a\n4. b\n"},
+        {"<ol type=a><li>a<ol type=i><li>b</ol><li>c<ol type=i><li>d</ol></ol>",
+         "1. a\n    1. b\n2. c\n    1. d\n"},
+        {"<ol type=A><li>a<p>b<li>c</ol>", "1. a\n\n   b\n\n2. c\n"},
+        {"<ol><li value=7>a<li>b</ol>", "7. a\n8. b\n"},
+    });
+}
+
 TEST(MarkdownExport, WritesCodeAndQuotes)
 {
     expectMarkdown({
         {"<pre>a\n  b\n\nc</pre><p>d", "```\na\n  b\n\nc\n```\n\nd\n"},
         {"<pre>```</pre>", "````\n```\n````\n"},
-        {"<div style='border:1px solid'><p>a<p>b</div><p>c", "> a\n>\n> b\n\nc\n"},
+        {"<div style='border-left:3px solid'><p>a<p>b</div><p>c", "> a\n>\n> b\n\nc\n"},
+    });
+}
+
+TEST(MarkdownExport, TakesBoxesForNoQuotes)
+{
+    expectMarkdown({
+        {"<div style='border:1px solid'><p>a<p>b</div><p>c", "a\n\nb\n\nc\n"},
+        {"<div style='background:yellow'>a</div>", "a\n"},
+        {"<div style='border-left:3px solid;background:yellow'>a</div>", "a\n"},
     });
 }
 
@@ -96,6 +118,24 @@ TEST(MarkdownExport, WritesTables)
          "| **a** | **b** |\n| --- | --- |\n| c\\|d | e<br>f |\n\ng\n"},
         {"<table><tr><td><p>a<p>b<td>c</table>", "| a<br>b | c |\n| --- | --- |\n"},
         {"<table><tr><td>a<tr><td>b<td>c</table>", "| a |  |\n| --- | --- |\n| b | c |\n"},
+    });
+}
+
+TEST(MarkdownExport, WritesCellsInTheirColumns)
+{
+    expectMarkdown({
+        {"<table><tr><td colspan=2>a<td>b<tr><td>c<td>d<td>e</table>",
+         "| a |  | b |\n| --- | --- | --- |\n| c | d | e |\n"},
+        {"<table><tr><td rowspan=2>a<td>b<tr><td>c</table>", "| a | b |\n| --- | --- |\n|  | c |\n"},
+        {"<table><tr><td>a<td colspan=2>b</table>", "| a | b |  |\n| --- | --- | --- |\n"},
+    });
+}
+
+TEST(MarkdownExport, TellsLinksBehindExclamationMarksFromImages)
+{
+    expectMarkdown({
+        {"<p>Wow!<a href='https://a.example/'>b</a>", "Wow\\![b](https://a.example/)\n"},
+        {"<p>Wow! <a href='https://a.example/'>b</a>", "Wow! [b](https://a.example/)\n"},
     });
 }
 
