@@ -18,7 +18,9 @@ inline constexpr std::int32_t kMostRTFStandIns = 1'000;
 inline constexpr std::size_t kMostRTFFonts = 10'000;
 inline constexpr std::size_t kMostRTFColors = 100'000;
 inline constexpr std::size_t kMostRTFLists = 10'000;
-inline constexpr std::size_t kMostRTFTabs = 1'000;
+/// Of one paragraph, and of all paragraph styles of a document together.
+inline constexpr std::size_t kMostRTFTabs = 256;
+inline constexpr std::size_t kMostRTFTabsOfStyles = 2'000'000;
 inline constexpr std::size_t kMostRTFAttachments = 10'000;
 inline constexpr std::size_t kMostRTFFields = 1'000'000;
 /// Bytes of one name, address or piece of information.

@@ -1,11 +1,11 @@
 #include "platform/rtf/RTFParagraphStyles.h"
 
+#include "platform/rtf/RTFLimits.h"
 #include "platform/rtf/RTFUnits.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <initializer_list>
-#include <iterator>
 
 namespace {
 
@@ -103,16 +103,36 @@ std::size_t RTFParagraphStyles::Hash::operator()(const RTFParagraphFormat& forma
     return hash;
 }
 
+NSParagraphStyle::TabStops RTFParagraphStyles::tabStopsFor(const std::vector<RTFTab>& tabs)
+{
+    NSParagraphStyle::TabStops stops;
+    m_tabCount += tabs.size();
+    for (const auto& tab : tabs) {
+        auto& known = m_tabStops[{tab.kind, tab.location}];
+        if (!known)
+            known = tabStop(tab);
+        stops.push_back(known);
+    }
+    return stops;
+}
+
 const NSParagraphStyle::Ref& RTFParagraphStyles::styleFor(const RTFParagraphFormat& format,
                                                           const RTFPage& page)
 {
-    auto& known = m_known[format];
-    if (known)
-        return known;
+    if (const auto known = m_known.find(format); known != m_known.end())
+        return known->second;
+    if (format.tabs.size() > kMostRTFTabsOfStyles - m_tabCount) {
+        auto withoutTabs = format;
+        withoutTabs.tabs.clear();
+        return styleFor(withoutTabs, page);
+    }
+    return m_known.emplace(format, makeStyle(format, page)).first->second;
+}
+
+NSParagraphStyle::Ref RTFParagraphStyles::makeStyle(const RTFParagraphFormat& format, const RTFPage& page)
+{
     NSMutableParagraphStyle style;
-    NSParagraphStyle::TabStops stops;
-    std::transform(format.tabs.begin(), format.tabs.end(), std::back_inserter(stops), tabStop);
-    style.setTabStops(std::move(stops));
+    style.setTabStops(tabStopsFor(format.tabs));
     style.setDefaultTabInterval(std::max(pointsFromTwips(format.defaultTab.value_or(page.defaultTab)), 0.0));
     setIndents(style, format, page);
     setLineHeight(style, format);
@@ -124,6 +144,5 @@ const NSParagraphStyle::Ref& RTFParagraphStyles::styleFor(const RTFParagraphForm
     style.setAlignment(alignmentOf(format));
     style.setHeaderLevel(format.outlineLevel ? *format.outlineLevel + 1 : 0);
     style.setTextLists(m_lists.listsAt(format.list, format.listLevel));
-    known = style.copy();
-    return known;
+    return style.copy();
 }

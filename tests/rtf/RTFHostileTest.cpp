@@ -65,6 +65,18 @@ TEST(RTFHostile, BoundsTabs)
     EXPECT_EQ(styleAtStart(text)->tabStops().size(), kMostRTFTabs);
 }
 
+TEST(RTFHostile, BoundsTheTabsOfAllStyles)
+{
+    std::string document = "{\\rtf1\\pard" + repeated("\\tx1", kMostRTFTabs);
+    for (std::size_t style = 1; style <= 2 * kMostRTFTabsOfStyles / kMostRTFTabs; ++style)
+        document += "\\li" + std::to_string(style) + " x\\par";
+    const auto text = read(document + "}");
+    const auto last
+        = text.attribute(NSParagraphStyleAttributeName, text.length() - 1).object<NSParagraphStyle>();
+    EXPECT_EQ(styleAtStart(text)->tabStops().size(), kMostRTFTabs);
+    EXPECT_TRUE(last->tabStops().empty());
+}
+
 TEST(RTFHostile, BoundsColours)
 {
     const auto text = read("{\\rtf1{\\colortbl" + repeated(";", 1'000'000) + "}\\cf999999 x}");

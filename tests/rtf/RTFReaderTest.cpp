@@ -4,7 +4,6 @@
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSDocumentAttributes.h"
 #include "platform/text/NSFont.h"
-#include "platform/text/NSParagraphStyle.h"
 #include "platform/text/NSShadow.h"
 #include "platform/text/NSTextAttachment.h"
 
@@ -49,11 +48,6 @@ NSAny attributeOf(std::string_view body, std::u16string_view name)
 NSFont::Ref fontOf(std::string_view body)
 {
     return attributeOf(body, NSFontAttributeName).object<NSFont>();
-}
-
-NSParagraphStyle::Ref styleOf(std::string_view body)
-{
-    return attributeOf(std::string(body) + " x", NSParagraphStyleAttributeName).object<NSParagraphStyle>();
 }
 
 struct Case {
@@ -327,102 +321,6 @@ TEST(RTFReader, GivesGroupsBackWhatTheyHad)
     EXPECT_FALSE(text.attribute(NSUnderlineStyleAttributeName, 0));
     EXPECT_TRUE(text.attribute(NSUnderlineStyleAttributeName, 1));
     EXPECT_FALSE(text.attribute(NSUnderlineStyleAttributeName, 2));
-}
-
-TEST(RTFReader, HasNoParagraphStyleBeforeTheFirstWordAboutOne)
-{
-    const auto text = read(cocoa("a\\par\\pard b"));
-    EXPECT_FALSE(text.attribute(NSParagraphStyleAttributeName, 0));
-    EXPECT_TRUE(text.attribute(NSParagraphStyleAttributeName, 2));
-}
-
-TEST(RTFReader, SetsParagraphsAsTheirEndsSay)
-{
-    const auto text = read(cocoa("\\pard a\\qc\\par\\pard b"));
-    const auto alignmentAt = [&text](NSUInteger location) {
-        return text.attribute(NSParagraphStyleAttributeName, location)
-            .object<NSParagraphStyle>()
-            ->alignment();
-    };
-    EXPECT_EQ(alignmentAt(0), NSTextAlignment::Center);
-    EXPECT_EQ(alignmentAt(1), NSTextAlignment::Center);
-    EXPECT_EQ(alignmentAt(2), NSTextAlignment::Left);
-}
-
-TEST(RTFReader, ReadsIndentsAndSpacing)
-{
-    const auto style
-        = styleOf("\\pard\\li1440\\fi-720\\ri1040\\sb120\\sa240\\slleading80\\parhyphenfactor50");
-    EXPECT_EQ(style->headIndent(), 72);
-    EXPECT_EQ(style->firstLineHeadIndent(), 36);
-    // The paper of 12240 twips less margins of 1800 each.
-    EXPECT_EQ(style->tailIndent(), 380);
-    EXPECT_EQ(style->paragraphSpacingBefore(), 6);
-    EXPECT_EQ(style->paragraphSpacing(), 12);
-    EXPECT_EQ(style->lineSpacing(), 4);
-    EXPECT_EQ(style->hyphenationFactor(), 0.5F);
-    EXPECT_EQ(styleOf("\\paperw11900\\margl1440\\margr1440\\pard\\ri20")->tailIndent(), 450);
-    EXPECT_EQ(styleOf("\\pard\\ri0")->tailIndent(), 0);
-}
-
-TEST(RTFReader, ReadsLineHeights)
-{
-    const auto exact = styleOf("\\pard\\sl-400");
-    EXPECT_EQ(exact->minimumLineHeight(), 20);
-    EXPECT_EQ(exact->maximumLineHeight(), 20);
-    const auto least = styleOf("\\pard\\sl400");
-    EXPECT_EQ(least->minimumLineHeight(), 20);
-    EXPECT_EQ(least->maximumLineHeight(), 0);
-    const auto multiple = styleOf("\\pard\\sl288\\slmult1\\slminimum300\\slmaximum500");
-    EXPECT_EQ(multiple->lineHeightMultiple(), 1.2);
-    EXPECT_EQ(multiple->minimumLineHeight(), 15);
-    EXPECT_EQ(multiple->maximumLineHeight(), 25);
-    EXPECT_EQ(styleOf("\\pard\\sl0\\slmult1")->lineHeightMultiple(), 0);
-}
-
-TEST(RTFReader, ReadsAlignmentsAndDirections)
-{
-    EXPECT_EQ(styleOf("\\pard")->alignment(), NSTextAlignment::Left);
-    EXPECT_EQ(styleOf("\\pard")->baseWritingDirection(), NSWritingDirection::LeftToRight);
-    EXPECT_EQ(styleOf("\\pard\\pardirnatural")->alignment(), NSTextAlignment::Natural);
-    EXPECT_EQ(styleOf("\\pard\\pardirnatural")->baseWritingDirection(), NSWritingDirection::Natural);
-    EXPECT_EQ(styleOf("\\pard\\ql\\qnatural")->alignment(), NSTextAlignment::Natural);
-    EXPECT_EQ(styleOf("\\pard\\pardirnatural\\ql")->alignment(), NSTextAlignment::Left);
-    EXPECT_EQ(styleOf("\\pard\\qr")->alignment(), NSTextAlignment::Right);
-    EXPECT_EQ(styleOf("\\pard\\qc")->alignment(), NSTextAlignment::Center);
-    EXPECT_EQ(styleOf("\\pard\\qj")->alignment(), NSTextAlignment::Justified);
-    EXPECT_EQ(styleOf("\\pard\\rtlpar")->baseWritingDirection(), NSWritingDirection::RightToLeft);
-    EXPECT_EQ(styleOf("\\pard\\rtlpar\\ltrpar")->baseWritingDirection(), NSWritingDirection::LeftToRight);
-}
-
-TEST(RTFReader, ReadsTabs)
-{
-    const auto stops
-        = styleOf("\\pard\\tx500\\tqr\\tx3000\\tqc\\tx5000\\tqdec\\tx7000\\pardeftab560")->tabStops();
-    ASSERT_EQ(stops.size(), 4U);
-    EXPECT_TRUE(stops[0]->isEqual(NSTextTab(NSTextAlignment::Left, 25)));
-    EXPECT_TRUE(stops[1]->isEqual(NSTextTab(NSTextAlignment::Right, 150)));
-    EXPECT_TRUE(stops[2]->isEqual(NSTextTab(NSTextAlignment::Center, 250)));
-    EXPECT_EQ(stops[3]->location(), 350);
-    EXPECT_TRUE(stops[3]->options().contains(NSTabColumnTerminatorsAttributeName));
-    EXPECT_EQ(styleOf("\\pard\\pardeftab560")->defaultTabInterval(), 28);
-    EXPECT_TRUE(styleOf("\\pard")->tabStops().empty());
-}
-
-TEST(RTFReader, TakesTheDocumentsTabIntervalForParagraphsWithoutOne)
-{
-    EXPECT_EQ(styleOf("\\pard")->defaultTabInterval(), 0);
-    EXPECT_EQ(styleOf("\\deftab720\\pard")->defaultTabInterval(), 36);
-    const auto other = read("{\\rtf1\\pard x}").attribute(NSParagraphStyleAttributeName, 0);
-    EXPECT_EQ(other.object<NSParagraphStyle>()->defaultTabInterval(), 36);
-}
-
-TEST(RTFReader, ReadsOutlineLevelsAsHeaderLevels)
-{
-    EXPECT_EQ(styleOf("\\pard\\outlinelevel0")->headerLevel(), 1);
-    EXPECT_EQ(styleOf("\\pard\\outlinelevel5")->headerLevel(), 6);
-    EXPECT_EQ(styleOf("\\pard\\outlinelevel9")->headerLevel(), 0);
-    EXPECT_EQ(styleOf("\\pard\\outlinelevel-1")->headerLevel(), 0);
 }
 
 TEST(RTFReader, ReadsLinks)
