@@ -66,6 +66,12 @@ CLI::Option* addTextOption(CLI::App& command, const std::string& name, std::opti
     return asGiven(command.add_option(name, text, description)->type_name(valueName));
 }
 
+void addPathOption(CLI::App& command, const std::string& name, std::optional<std::string>& path,
+                   const std::string& valueName, const std::string& description)
+{
+    addTextOption(command, name, path, valueName, description)->check(rejectEmpty, "", "");
+}
+
 CLI::Option* addTextArgument(CLI::App& command, const std::string& name, std::string& text,
                              const std::string& description)
 {

@@ -26,6 +26,10 @@ void addSocketOption(CLI::App& command, std::string& socketPath);
 CLI::Option* addTextOption(CLI::App& command, const std::string& name, std::optional<std::string>& text,
                            const std::string& valueName, const std::string& description);
 
+/// The same, for a path: not empty.
+void addPathOption(CLI::App& command, const std::string& name, std::optional<std::string>& path,
+                   const std::string& valueName, const std::string& description);
+
 /// A required positional argument, which arrives byte for byte.
 CLI::Option* addTextArgument(CLI::App& command, const std::string& name, std::string& text,
                              const std::string& description);

@@ -2,10 +2,10 @@
 #include "cli/CommandSyntax.h"
 #include "cli/Console.h"
 #include "cli/ErrorMessage.h"
+#include "cli/OutputFile.h"
 #include "cli/RichTextFile.h"
 #include "cli/TextArgument.h"
 #include "markdown/MarkdownExport.h"
-#include "platform/foundation/NSFileWrapper.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/html/NSAttributedStringHTML.h"
 #include "platform/text/NSAttributeNames.h"
@@ -78,8 +78,7 @@ ExitStatus writeResult(const std::string& bytes, const std::optional<std::string
         return ExitStatus::Success;
     }
     NSError error;
-    const auto file = NSFileWrapper::initRegularFileWithContents(NSData{bytes});
-    if (file->writeToURL(NSURL::fileURLWithPath(*output), NSFileWrapperWritingAtomic, std::nullopt, &error))
+    if (writeOutputFile(bytes, *output, &error))
         return ExitStatus::Success;
     printError(*output, errorReason(error, *output));
     return ExitStatus::Failure;
@@ -111,7 +110,7 @@ ExitStatus importPage(const HTMLArguments& arguments)
     if (!file)
         return ExitStatus::Failure;
     if (file->kind != RichTextFile::Kind::Page) {
-        printError(arguments.path, "it is no page");
+        printError(arguments.path, "it is no page: give an HTML file");
         return ExitStatus::Failure;
     }
     NSMutableAttributedString text(file->text);
@@ -142,7 +141,7 @@ ExitStatus exportPage(const HTMLArguments& arguments)
 
 void addOutputOption(CLI::App& command, HTMLArguments& arguments)
 {
-    addTextOption(command, "-o,--output", arguments.output, "OUT",
+    addPathOption(command, "-o,--output", arguments.output, "OUT",
                   "The file to write (default: standard output)");
 }
 

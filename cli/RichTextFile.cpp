@@ -1,6 +1,7 @@
 #include "cli/RichTextFile.h"
 
 #include "attachments/AttachmentClasses.h"
+#include "cli/AttachmentFileNames.h"
 #include "cli/ErrorMessage.h"
 #include "cli/LocalImages.h"
 #include "markdown/MarkdownImport.h"
@@ -73,6 +74,8 @@ std::optional<RichTextFile> readPage(std::string bytes, const std::string& path,
     options.fontFamily = bodyFont()->familyName();
     options.fontSize = bodyFont()->pointSize();
     options.resourceForURL = [&images](const std::string& url) { return images.fileForURL(url); };
+    // The file is bounded, and so is what becomes of it: nothing is cut off, markers of lists included.
+    options.mostUnits = 4 * bytes.size();
     NSAny::Dictionary attributes;
     auto text = NSAttributedStringDocumentFormats::initWithHTML(NSData{std::move(bytes)}, options,
                                                                 &attributes, error);
@@ -134,6 +137,8 @@ std::optional<RichTextFile> readRichTextFile(const std::string& path, NSError* e
         file = readPlainText(*bytes);
     else
         file = readArchive(*bytes, error);
+    if (file)
+        makeFileNamesUnique(file->text);
     if (file && file->title.empty())
         file->title = UTF16FromUTF8(std::filesystem::path(path).stem().native());
     return file;

@@ -3,11 +3,8 @@
 // whatever begins as the tag of a file, and looks the file up.
 //
 // The pass gives what searching name after name gives, because two such tags share no character and no
-// rewriting makes a new one: a tag begins with one of two texts, text of the page has its "<" escaped, and
-// what is put in for a tag ends as a tag does. Names are the exception, for the writer takes them as they
-// are. Where one holds the beginning of a tag, be it the name of a file that is rewritten or not, order
-// matters and the names are taken one after the other. Each tag has its name percent-encoded too, so that the
-// page itself shows such names.
+// rewriting makes a new one: a tag begins with one of two texts, text of the page and names in tags have
+// their "<" escaped, and what is put in for a tag ends as a tag does.
 
 #include "richtext/AttachmentTagRewriting.h"
 
@@ -18,7 +15,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 #include <unordered_map>
@@ -49,7 +45,7 @@ std::string Rewriting::replacement() const
     const auto* contents = attachment->fileWrapper()->regularFileContents();
     return fmt::format(R"(<img style="max-width: 100%" src="data:{};base64,{}" alt="{}">)",
                        mimeType.value_or(std::string(kTypeOfUnknownImages)),
-                       contents ? base64EncodedString(contents->bytes) : std::string(), UTF8FromUTF16(name));
+                       contents ? base64EncodedString(contents->bytes) : std::string(), htmlNameInTag(name));
 }
 
 Kind kindOf(std::u16string_view fileType)
@@ -88,13 +84,6 @@ std::string_view tagHead(std::string_view html, std::size_t location)
     return {};
 }
 
-bool hasNameWithTagBeginning(std::string_view html)
-{
-    return std::any_of(kTagBeginnings.begin(), kTagBeginnings.end(), [html](std::string_view beginning) {
-        return html.find(percentEncodedForURLPath(UTF16FromUTF8(beginning))) != std::string_view::npos;
-    });
-}
-
 std::string rewrittenInOnePass(std::string_view html, const std::vector<Rewriting>& rewritings)
 {
     std::unordered_map<std::string_view, const Rewriting*> byHead;
@@ -116,29 +105,9 @@ std::string rewrittenInOnePass(std::string_view html, const std::vector<Rewritin
     return result.append(html.substr(copied));
 }
 
-std::string rewrittenOnce(std::string_view html, const Rewriting& rewriting)
-{
-    const auto& tag = rewriting.tag;
-    std::string result;
-    std::size_t copied = 0;
-    for (auto place = html.find(tag); place != std::string_view::npos; place = html.find(tag, copied)) {
-        result += html.substr(copied, place - copied);
-        result += rewriting.replacement();
-        copied = place + tag.size();
-    }
-    return result.append(html.substr(copied));
-}
-
 } // namespace
 
-std::string htmlByRewritingAttachmentTags(std::string html, const AttachmentsByName& attachments)
+std::string htmlByRewritingAttachmentTags(std::string_view html, const AttachmentsByName& attachments)
 {
-    const auto rewritings = rewritingsOf(attachments);
-    if (!hasNameWithTagBeginning(html))
-        return rewrittenInOnePass(html, rewritings);
-    for (const auto& rewriting : rewritings) {
-        if (html.find(rewriting.tag) != std::string::npos)
-            html = rewrittenOnce(html, rewriting);
-    }
-    return html;
+    return rewrittenInOnePass(html, rewritingsOf(attachments));
 }

@@ -5,8 +5,6 @@
 #include "richtext/AttachmentRuns.h"
 #include "richtext/AttachmentTagRewriting.h"
 
-#include <utility>
-
 namespace {
 
 AttachmentsByName attachmentsByName(const NSAttributedString& text)
@@ -25,8 +23,8 @@ AttachmentsByName attachmentsByName(const NSAttributedString& text)
 std::u16string DynamicColors::htmlStringForSharingToMail(const NSAttributedString& text)
 {
     // UTF-8 is the writer's default, and the only encoding that it can be refused for is another.
-    auto page = NSAttributedStringDocumentFormats::HTMLFromRange(text, {0, text.length()});
+    const auto page = NSAttributedStringDocumentFormats::HTMLFromRange(text, {0, text.length()});
     if (!page)
         return {};
-    return UTF16FromUTF8(htmlByRewritingAttachmentTags(std::move(page->bytes), attachmentsByName(text)));
+    return UTF16FromUTF8(htmlByRewritingAttachmentTags(page->bytes, attachmentsByName(text)));
 }

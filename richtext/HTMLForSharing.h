@@ -14,8 +14,7 @@ namespace DynamicColors {
 /// page says of a file without a name on disk, or of one without a type, stays as the writer has it. An image
 /// that is no regular file has empty data, and one whose type has no MIME type is application/octet-stream.
 ///
-/// Takes time and memory in proportion to the page and the images. Only when a name holds the beginning of a
-/// file's tag, as `<img src="file:///`, is the page gone through once for each name.
+/// Takes time and memory in proportion to the page and the images.
 [[nodiscard]] std::u16string htmlStringForSharingToMail(const NSAttributedString& text);
 
 } // namespace DynamicColors

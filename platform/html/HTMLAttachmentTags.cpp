@@ -46,16 +46,32 @@ std::string percentEncodedForURLPath(std::u16string_view name)
     return encoded;
 }
 
+std::string htmlNameInTag(std::u16string_view name)
+{
+    std::string text;
+    for (const char byte : UTF8FromUTF16(name)) {
+        if (byte == '"')
+            text += "&quot;";
+        else if (byte == '<')
+            text += "&lt;";
+        else if (byte == '>')
+            text += "&gt;";
+        else
+            text += byte;
+    }
+    return text;
+}
+
 std::string htmlImageTag(std::u16string_view name)
 {
     return fmt::format(R"(<img src="file:///{}" alt="{}">)", percentEncodedForURLPath(name),
-                       UTF8FromUTF16(name));
+                       htmlNameInTag(name));
 }
 
 std::string htmlObjectTag(std::u16string_view name)
 {
     return fmt::format(R"(<object data="file:///{}">{}</object>)", percentEncodedForURLPath(name),
-                       UTF8FromUTF16(name));
+                       htmlNameInTag(name));
 }
 
 std::string htmlTagForAttachment(const NSTextAttachment& attachment)

@@ -9,11 +9,13 @@
 /// they are: letters, digits and !$&'()*+,-./:=@_~
 [[nodiscard]] std::string percentEncodedForURLPath(std::u16string_view name);
 
+/// A name as it stands in tags: as it is, but for quotation marks and angle brackets, which are references,
+/// so that no file can bring markup into a page by its name.
+[[nodiscard]] std::string htmlNameInTag(std::u16string_view name);
+
 /// `<img src="file:///%@" alt="%@">` and `<object data="file:///%@">%@</object>`, each filled with the
-/// encoded name and the name. The second takes the name as it stands, nothing escaped: whoever looks for the
-/// tag of a file in written HTML finds it by these same functions, character for character. A name with
-/// quotation marks or angle brackets in it is therefore markup; it is for those who name the files to avoid
-/// that.
+/// encoded name and htmlNameInTag. Whoever looks for the tag of a file in written HTML finds it by these same
+/// functions, character for character.
 [[nodiscard]] std::string htmlImageTag(std::u16string_view name);
 [[nodiscard]] std::string htmlObjectTag(std::u16string_view name);
 

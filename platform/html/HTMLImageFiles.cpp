@@ -17,7 +17,7 @@ NSFileWrapper::Ref fileOfDataURL(std::string_view source, std::string_view descr
         return nullptr;
     const auto extension = "." + type->preferredFilenameExtension().value_or("img");
     const bool isName = description.size() < 256 && description.size() > extension.size()
-        && description.ends_with(extension) && description.find('/') == std::string_view::npos;
+        && description.ends_with(extension) && description.find_first_of("/\"<>") == std::string_view::npos;
     const auto name = UTF16FromUTF8(isName ? description : "image" + extension);
     auto file = NSFileWrapper::initRegularFileWithContents(NSData{std::move(contents->bytes)});
     file->setPreferredFilename(name);

@@ -70,8 +70,15 @@ TEST(HTMLAttachmentTags, HoldTheEncodedNameAndTheName)
 
 TEST(HTMLAttachmentTags, TakeTheNameAsItStands)
 {
-    EXPECT_EQ(htmlImageTag(u"\"<&>"), R"(<img src="file:///%22%3C&%3E" alt=""<&>">)");
-    EXPECT_EQ(htmlObjectTag(u"<\u00E9>"), "<object data=\"file:///%3C%C3%A9%3E\"><\u00E9></object>");
+    EXPECT_EQ(htmlImageTag(u"a & b's.png"), R"(<img src="file:///a%20&%20b's.png" alt="a & b's.png">)");
+    EXPECT_EQ(htmlObjectTag(u"\u00E9;"), "<object data=\"file:///%C3%A9%3B\">\u00E9;</object>");
+}
+
+TEST(HTMLAttachmentTags, LetNoNameBeMarkup)
+{
+    EXPECT_EQ(htmlImageTag(u"a\" onload=\"b.png"),
+              R"(<img src="file:///a%22%20onload=%22b.png" alt="a&quot; onload=&quot;b.png">)");
+    EXPECT_EQ(htmlObjectTag(u"<script>"), R"(<object data="file:///%3Cscript%3E">&lt;script&gt;</object>)");
 }
 
 TEST(HTMLAttachmentTags, AreImagesForImagesAndPDFAndObjectsForOtherFiles)

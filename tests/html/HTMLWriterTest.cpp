@@ -417,12 +417,12 @@ TEST(HTMLWriter, WritesFilesAsTheTagsThatAreLookedFor)
     EXPECT_EQ(bodyWith(u"ä;(1).zip"), R"(<p><object data="file:///%C3%A4%3B(1).zip">ä;(1).zip</object></p>)");
 }
 
-TEST(HTMLWriter, TakesTheNamesOfFilesAsTheyStand)
+TEST(HTMLWriter, LetsNoNameOfAFileBeMarkup)
 {
-    // Whoever looks for the tag fills the same template with the same name.
     const auto text = NSAttributedString::attributedStringWithAttachment(attachmentNamed(u"a & \"b\".png"));
     const auto data = NSAttributedStringDocumentFormats::HTMLFromRange(text, {0, 1});
-    EXPECT_THAT(data->bytes, HasSubstr(R"(<img src="file:///a%20&%20%22b%22.png" alt="a & "b".png">)"));
+    EXPECT_THAT(data->bytes,
+                HasSubstr(R"(<img src="file:///a%20&%20%22b%22.png" alt="a & &quot;b&quot;.png">)"));
 }
 
 TEST(HTMLWriter, WritesAnImageWithoutAFileItself)
