@@ -149,7 +149,7 @@ TEST_F(HTMLCommand, SaysWhyAFileIsNotRead)
 
     for (const auto& [arguments, error] : {
              Case{{"import", "missing.html"}, "corvel: missing.html: No such file or directory\n"},
-             Case{{"import", "a.txt"}, "corvel: a.txt: it is no page\n"},
+             Case{{"import", "a.txt"}, "corvel: a.txt: it is no page: give an HTML file\n"},
              Case{{"import", "folder"}, "corvel: folder: it is a folder\n"},
              Case{{"import", "large.html"}, "corvel: large.html: the file is larger than 32 MB\n"},
              Case{{"export", "a.zip"},
