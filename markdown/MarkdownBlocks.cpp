@@ -1,6 +1,7 @@
 #include "markdown/MarkdownBlocks.h"
 
 #include "markdown/MarkdownLine.h"
+#include "markdown/MarkdownTable.h"
 
 #include <algorithm>
 #include <utility>
@@ -67,6 +68,13 @@ private:
         return m_block && m_block->kind == MarkdownBlock::Kind::Paragraph && !m_block->text.empty();
     }
 
+    [[nodiscard]] bool isInTable() const { return m_block && m_block->kind == MarkdownBlock::Kind::Table; }
+
+    [[nodiscard]] bool isInItem(std::size_t column) const
+    {
+        return m_items.empty() || m_items.back().column <= column;
+    }
+
     MarkdownBlock& beginBlock(MarkdownBlock::Kind kind)
     {
         // An item's first block was begun with its marker.
@@ -74,14 +82,18 @@ private:
             && m_block->kind == MarkdownBlock::Kind::Paragraph;
         if (!isBegun)
             endBlock();
-        if (!m_block) {
-            m_block.emplace();
-            m_block->quoteDepth = m_quoteDepth;
-            for (const auto& item : m_items)
-                m_block->lists.push_back(item.list);
-        }
+        if (!m_block)
+            openBlock();
         m_block->kind = kind;
         return *m_block;
+    }
+
+    void openBlock()
+    {
+        m_block.emplace();
+        m_block->quoteDepth = m_quoteDepth;
+        for (const auto& item : m_items)
+            m_block->lists.push_back(item.list);
     }
 
     /// Leaves the items whose text begins behind this column. Gives the outermost of them.
@@ -105,8 +117,7 @@ private:
         if (line.isBlank())
             return;
         const auto column = line.column();
-        const bool isInItem = m_items.empty() || m_items.back().column <= column;
-        if (const auto level = line.underlineLevel(); level > 0 && isInParagraph() && isInItem)
+        if (const auto level = line.underlineLevel(); level > 0 && isInParagraph() && isInItem(column))
             return underline(level);
         if (const auto length = line.fenceLength(); length > 0)
             return openFence(line, length);
@@ -206,8 +217,40 @@ private:
         endBlock();
     }
 
+    /// Makes the last line of the paragraph the head of a table when this line gives its alignments.
+    bool beginTable(std::u16string_view line)
+    {
+        auto alignments = markdownAlignments(line);
+        if (!alignments)
+            return false;
+        auto& text = m_block->text;
+        const auto end = text.rfind(u'\n');
+        auto head = markdownCells(std::u16string_view(text).substr(end == text.npos ? 0 : end + 1));
+        if (head.size() != alignments->size())
+            return false;
+        text.resize(end == text.npos ? 0 : end);
+        if (!text.empty() || m_block->beginsItem)
+            endBlock();
+        openBlock();
+        m_block->kind = MarkdownBlock::Kind::Table;
+        m_block->alignments = std::move(*alignments);
+        m_block->rows.push_back(std::move(head));
+        return true;
+    }
+
+    void readRow(std::u16string_view line)
+    {
+        auto cells = markdownCells(line);
+        cells.resize(std::min(cells.size(), m_block->alignments.size()));
+        m_block->rows.push_back(std::move(cells));
+    }
+
     void readText(const MarkdownLine& line, std::size_t column)
     {
+        if (isInTable() && isInItem(column))
+            return readRow(line.rest());
+        if (isInParagraph() && isInItem(column) && beginTable(line.rest()))
+            return;
         if (isInParagraph()) {
             m_block->text += u'\n';
             m_block->text += line.rest();

@@ -87,7 +87,7 @@ private:
         const auto style = styleAt(content.location);
         const auto* const cell = cellOf(*style);
         if (cell)
-            return addCell(content, *cell, quoteDepthOf(*style));
+            return addCell(content, *cell, *style);
         endTable();
         const bool isItem = !style->textLists().empty();
         if (m_codeStyle && content.length == 0 && !isItem) {
@@ -226,13 +226,15 @@ private:
         return nullptr;
     }
 
-    void addCell(NSRange content, const NSTextTableBlock& cell, std::size_t quoteDepth)
+    void addCell(NSRange content, const NSTextTableBlock& cell, const NSParagraphStyle& style)
     {
         endCode();
         if (!m_table.isOfTable(cell))
             endTable();
-        m_tableQuoteDepth = quoteDepth;
-        m_table.add(cell, markdownSpansOf(m_text, content, {.isHeading = false, .isCell = true}));
+        m_tableQuoteDepth = quoteDepthOf(style);
+        const auto words
+            = markdownSpansOf(m_text, content, {.isHeading = m_table.isHead(cell), .isCell = true});
+        m_table.add(cell, words, style.alignment());
     }
 
     void endTable()

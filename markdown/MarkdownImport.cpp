@@ -9,7 +9,7 @@
 #include "platform/text/NSFontManager.h"
 #include "platform/text/NSParagraphStyle.h"
 #include "platform/text/NSTextAttachment.h"
-#include "platform/text/NSTextBlock.h"
+#include "platform/text/NSTextTable.h"
 
 #include <algorithm>
 #include <array>
@@ -22,6 +22,8 @@ constexpr double kListIndent = 36;
 constexpr double kMarkerIndent = 11;
 constexpr double kQuoteLine = 3;
 constexpr double kQuotePadding = 10;
+constexpr double kCellLine = 1;
+constexpr double kCellPadding = 4;
 constexpr std::u16string_view kRule = u"***";
 constexpr std::array<double, 7> kSizeOfLevel{1, 2, 1.5, 1.25, 1.1, 1, 1};
 
@@ -36,8 +38,10 @@ public:
     {
         takeLists(block);
         takeQuotes(block.quoteDepth);
+        if (block.kind == MarkdownBlock::Kind::Table)
+            return addTable(block);
         NSAttributes attributes{{std::u16string(NSParagraphStyleAttributeName), styleOf(block)}};
-        if (m_text.length() > 0)
+        if (m_text.length() > 0 || m_endsWithEmptyCell)
             append(u"\n", m_lastAttributes);
         addMarker(block, attributes);
         if (block.kind == MarkdownBlock::Kind::Code)
@@ -45,13 +49,20 @@ public:
         else if (block.kind == MarkdownBlock::Kind::Rule)
             append(kRule, withFont(attributes, font({}, 0)));
         else
-            addSpans(block, attributes);
+            addSpans(block.text, block.level, attributes);
         m_lastAttributes = withFont(attributes, font({}, block.level));
         m_last = block;
         m_last->text.clear();
+        m_endsWithEmptyCell = false;
     }
 
-    [[nodiscard]] NSAttributedString text() const { return m_text; }
+    NSAttributedString finish()
+    {
+        // An empty cell has nothing but its line end to be one by.
+        if (m_endsWithEmptyCell)
+            append(u"\n", m_lastAttributes);
+        return std::move(m_text);
+    }
 
 private:
     struct OpenList {
@@ -159,6 +170,57 @@ private:
                withFont(attributes, font({}, 0)));
     }
 
+    // Tables.
+
+    void addTable(const MarkdownBlock& block)
+    {
+        const auto table = std::make_shared<NSTextTable>();
+        table->setNumberOfColumns(block.alignments.size());
+        table->setCollapsesBorders(true);
+        for (std::size_t row = 0; row < block.rows.size(); ++row) {
+            const auto& cells = block.rows[row];
+            for (std::size_t column = 0; column < cells.size(); ++column)
+                addCell(cells[column], styleOfCell(cellOf(table, row, column), block.alignments[column]),
+                        row == 0);
+        }
+        m_last.emplace();
+        m_last->lists = block.lists;
+    }
+
+    static NSTextBlock::Ref cellOf(const NSTextTable::Ref& table, std::size_t row, std::size_t column)
+    {
+        const auto cell = std::make_shared<NSTextTableBlock>(table, static_cast<NSInteger>(row), 1,
+                                                             static_cast<NSInteger>(column), 1);
+        cell->setWidth({kCellLine, NSTextBlockValueType::Absolute}, NSTextBlockLayer::Border);
+        cell->setWidth({kCellPadding, NSTextBlockValueType::Absolute}, NSTextBlockLayer::Padding);
+        cell->setBorderColor(NSColor::lightGrayColor());
+        return cell;
+    }
+
+    NSParagraphStyle::Ref styleOfCell(const NSTextBlock::Ref& cell, NSTextAlignment alignment) const
+    {
+        NSMutableParagraphStyle style;
+        auto blocks = m_quotes;
+        blocks.push_back(cell);
+        style.setTextBlocks(std::move(blocks));
+        style.setAlignment(alignment);
+        return style.copy();
+    }
+
+    void addCell(std::u16string_view cell, const NSParagraphStyle::Ref& style, bool isHead)
+    {
+        const NSAttributes attributes{{std::u16string(NSParagraphStyleAttributeName), style}};
+        if (m_text.length() > 0 || m_endsWithEmptyCell)
+            append(u"\n", m_lastAttributes);
+        const auto start = m_text.length();
+        for (auto& span : markdownSpans(cell)) {
+            span.isStrong = span.isStrong || isHead;
+            addSpan(span, 0, attributes);
+        }
+        m_endsWithEmptyCell = m_text.length() == start;
+        m_lastAttributes = withFont(attributes, font({}, 0));
+    }
+
     // Text.
 
     void addCode(const MarkdownBlock& block, const NSAttributes& attributes)
@@ -171,25 +233,29 @@ private:
             withFont(attributes, font({.kind = MarkdownSpan::Kind::Code, .text = {}, .link = nullptr}, 0)));
     }
 
-    void addSpans(const MarkdownBlock& block, const NSAttributes& attributes)
+    void addSpans(std::u16string_view text, int level, const NSAttributes& attributes)
     {
-        for (auto& span : markdownSpans(block.text)) {
-            auto own = withFont(attributes, font(span, block.level));
-            if (span.isStruck)
-                own.insert_or_assign(std::u16string(NSStrikethroughStyleAttributeName), std::int64_t{1});
-            if (span.isHighlighted) {
-                own.insert_or_assign(std::u16string(NSTextHighlightStyleAttributeName),
-                                     NSTextHighlightStyleDefault);
-                own.insert_or_assign(std::u16string(NSTextHighlightColorSchemeAttributeName),
-                                     NSTextHighlightColorSchemeDefault);
-            }
-            if (span.kind == MarkdownSpan::Kind::Image && addImage(span, own))
-                continue;
-            if (span.link && !span.link->empty())
-                own.insert_or_assign(std::u16string(NSLinkAttributeName), linkValue(*span.link));
-            std::erase(span.text, NSAttachmentCharacter);
-            append(span.text, own);
+        for (auto& span : markdownSpans(text))
+            addSpan(span, level, attributes);
+    }
+
+    void addSpan(MarkdownSpan& span, int level, const NSAttributes& attributes)
+    {
+        auto own = withFont(attributes, font(span, level));
+        if (span.isStruck)
+            own.insert_or_assign(std::u16string(NSStrikethroughStyleAttributeName), std::int64_t{1});
+        if (span.isHighlighted) {
+            own.insert_or_assign(std::u16string(NSTextHighlightStyleAttributeName),
+                                 NSTextHighlightStyleDefault);
+            own.insert_or_assign(std::u16string(NSTextHighlightColorSchemeAttributeName),
+                                 NSTextHighlightColorSchemeDefault);
         }
+        if (span.kind == MarkdownSpan::Kind::Image && addImage(span, own))
+            return;
+        if (span.link && !span.link->empty())
+            own.insert_or_assign(std::u16string(NSLinkAttributeName), linkValue(*span.link));
+        std::erase(span.text, NSAttachmentCharacter);
+        append(span.text, own);
     }
 
     static NSAny linkValue(const std::u16string& target)
@@ -238,6 +304,7 @@ private:
     NSAttributes m_lastAttributes;
     NSParagraphStyle::Ref m_lastStyle;
     std::optional<MarkdownBlock> m_last;
+    bool m_endsWithEmptyCell = false;
     std::vector<OpenList> m_lists;
     NSParagraphStyle::TextBlocks m_quotes;
     std::map<std::tuple<int, bool, bool, bool>, NSFont::Ref> m_fonts;
@@ -250,5 +317,5 @@ NSAttributedString attributedStringWithMarkdown(std::u16string_view markdown,
 {
     Importer importer(options);
     readMarkdownBlocks(markdown, [&importer](const MarkdownBlock& block) { importer.add(block); });
-    return importer.text();
+    return importer.finish();
 }

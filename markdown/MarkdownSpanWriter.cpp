@@ -47,6 +47,16 @@ std::u16string linkOf(const NSAttributes& attributes)
     return link.string() ? *link.string() : std::u16string();
 }
 
+/// Bars end a cell, even in code and targets.
+std::u16string withEscapedBars(std::u16string_view markdown)
+{
+    std::u16string escaped;
+    escaped.reserve(markdown.size());
+    for (const auto unit : markdown)
+        escaped.append(unit == u'|' ? 1 : 0, u'\\') += unit;
+    return escaped;
+}
+
 class SpanWriter {
 public:
     explicit SpanWriter(const MarkdownSpanContext& context)
@@ -113,17 +123,8 @@ private:
         if (markers == m_markers)
             m_blanks += leading;
         setMarkers(markers, leading);
-        m_markdown += isCode ? markdownCode(words) : escaped(words);
+        m_markdown += isCode ? markdownCode(words) : escapedMarkdown(words);
         m_blanks = text.substr(end);
-    }
-
-    [[nodiscard]] std::u16string escaped(std::u16string_view text) const
-    {
-        auto markdown = escapedMarkdown(text);
-        if (m_context.isCell)
-            for (auto bar = markdown.find(u'|'); bar != kNone; bar = markdown.find(u'|', bar + 2))
-                markdown.insert(bar, u"\\");
-        return markdown;
     }
 
     /// Closes and opens markers so that these are open, with the blanks between.
@@ -164,7 +165,7 @@ private:
     {
         m_blanks.clear();
         if (m_context.isHeading || m_context.isCell) {
-            m_markdown += m_context.isHeading ? u" " : u"<br>";
+            m_markdown += m_context.isCell ? u"<br>" : u" ";
             return;
         }
         if (!m_markdown.empty())
@@ -207,7 +208,7 @@ std::u16string markdownSpansOf(const NSAttributedString& text, NSRange range,
     // A line break at the end ends nothing.
     while (markdown.ends_with(u"\\\n"))
         markdown.resize(markdown.size() - 2);
-    return markdown;
+    return context.isCell ? withEscapedBars(markdown) : markdown;
 }
 
 bool isMarkdownCode(const NSAttributedString& text, NSRange range)

@@ -6,7 +6,7 @@
 
 /// How a stretch of text is written.
 struct MarkdownSpanContext {
-    /// Headings are bold by themselves.
+    /// Headings, and the heads of tables, are bold by themselves.
     bool isHeading = false;
     /// Within a cell there are no line ends.
     bool isCell = false;

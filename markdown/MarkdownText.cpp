@@ -1,5 +1,7 @@
 #include "markdown/MarkdownText.h"
 
+#include "markdown/MarkdownTable.h"
+
 #include <algorithm>
 
 namespace {
@@ -104,7 +106,7 @@ std::u16string escapedMarkdownStart(std::u16string_view text)
     const auto digits = std::min(text.find_first_not_of(u"0123456789"), text.size());
     if (digits > 0 && digits < text.size() && (text[digits] == u'.' || text[digits] == u')'))
         escaped.insert(digits, u"\\");
-    else if (beginsBlock(text))
+    else if (beginsBlock(text) || markdownAlignments(text))
         escaped.insert(0, u"\\");
     return escaped;
 }

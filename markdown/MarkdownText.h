@@ -20,7 +20,8 @@
 /// The text with backslashes before what would be read as something else than itself within a paragraph.
 [[nodiscard]] std::u16string escapedMarkdown(std::u16string_view text);
 
-/// A paragraph's text, which is escaped, with a backslash before what would begin another block at its start.
+/// A paragraph's text, which is escaped, with a backslash before what would begin another block at its start,
+/// or make a table of the line before it.
 [[nodiscard]] std::u16string escapedMarkdownStart(std::u16string_view text);
 
 /// Text as code between backquotes, however many it holds itself.

@@ -115,7 +115,7 @@ TEST(MarkdownExport, WritesTables)
 {
     expectMarkdown({
         {"<table><tr><th>a<th>b<tr><td>c|d<td>e<br>f</table><p>g",
-         "| **a** | **b** |\n| --- | --- |\n| c\\|d | e<br>f |\n\ng\n"},
+         "| a | b |\n| --- | --- |\n| c\\|d | e<br>f |\n\ng\n"},
         {"<table><tr><td><p>a<p>b<td>c</table>", "| a<br>b | c |\n| --- | --- |\n"},
         {"<table><tr><td>a<tr><td>b<td>c</table>", "| a |  |\n| --- | --- |\n| b | c |\n"},
     });
