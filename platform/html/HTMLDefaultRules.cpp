@@ -6,10 +6,10 @@ constexpr std::string_view kDefaultSheet = R"(
 address,article,aside,body,caption,center,dd,details,dialog,dir,div,dl,dt,fieldset,figcaption,figure,footer,form,
 h1,h2,h3,h4,h5,h6,header,hgroup,html,legend,li,listing,main,menu,nav,ol,optgroup,option,p,plaintext,pre,search,
 section,summary,table,tbody,td,textarea,tfoot,th,thead,tr,ul,xmp,hr,blockquote{display:block}
-area,audio,canvas,datalist,embed,head,iframe,link,math,meta,noembed,noframes,noscript,param,script,select,style,
+area,audio,canvas,datalist,embed,head,iframe,link,math,meta,noembed,noframes,param,script,select,style,
 svg,template,title,video{display:none}
 p,dl,ol,ul,menu,dir,pre,listing,xmp,plaintext,figure{margin:1em 0}
-blockquote{margin:1em 40px}
+blockquote{margin:1em 0;padding-left:10px;border-left:3px solid #aaa}
 dd{margin-left:40px}
 h1{font-size:2em;font-weight:bold;margin:.67em 0}
 h2{font-size:1.5em;font-weight:bold;margin:.83em 0}

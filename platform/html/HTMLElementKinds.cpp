@@ -8,13 +8,13 @@ using Name = std::string_view;
 
 constexpr std::array<Name, 14> kVoidElements{"area",  "base", "br",   "col",   "embed",  "hr",    "img",
                                              "input", "link", "meta", "param", "source", "track", "wbr"};
-constexpr std::array<Name, 7> kSkippedElements{"script",   "iframe", "noembed", "noframes",
-                                               "noscript", "style",  "title"};
+constexpr std::array<Name, 6> kSkippedElements{"script", "iframe", "noembed", "noframes", "style", "title"};
 constexpr std::array<Name, 15> kFormattingElements{"b",    "big",    "code",   "em",   "font",
                                                    "i",    "kbd",    "s",      "samp", "small",
                                                    "mark", "strike", "strong", "tt",   "u"};
 constexpr std::array<Name, 6> kTableParts{"tbody", "thead", "tfoot", "tr", "td", "th"};
 constexpr std::array<Name, 4> kLists{"ul", "ol", "menu", "dir"};
+constexpr std::array<Name, 6> kHeadings{"h1", "h2", "h3", "h4", "h5", "h6"};
 
 } // namespace
 
@@ -46,4 +46,9 @@ bool isCellElement(std::string_view name)
 bool isListElement(std::string_view name)
 {
     return isOneOf(name, kLists);
+}
+
+bool isHeadingElement(std::string_view name)
+{
+    return isOneOf(name, kHeadings);
 }

@@ -16,6 +16,7 @@
 [[nodiscard]] bool isTablePart(std::string_view name);
 [[nodiscard]] bool isCellElement(std::string_view name);
 [[nodiscard]] bool isListElement(std::string_view name);
+[[nodiscard]] bool isHeadingElement(std::string_view name);
 
 [[nodiscard]] inline bool isOneOf(std::string_view name, std::span<const std::string_view> names)
 {

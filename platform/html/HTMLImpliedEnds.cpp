@@ -41,7 +41,8 @@ std::size_t elementEndedByStart(std::string_view name, const HTMLOpenElements& e
         return elements.placeOf("li", kListScopes);
     if (name == "dd" || name == "dt")
         return outermost({"dd", "dt"}, kDefinitionScopes, elements);
-    return name == "option" ? elements.placeOf("option", kScopes) : kNone;
+    const bool isNeverInItself = name == "a" || name == "button" || name == "nobr" || name == "option";
+    return isNeverInItself ? elements.placeOf(name, kScopes) : kNone;
 }
 
 std::size_t elementEndedByEnd(std::string_view name, const HTMLOpenElements& elements)

@@ -43,7 +43,7 @@ struct HTMLOpenElement {
     /// Whether nothing in it is read.
     bool isSuppressed = false;
     double marginBelow = 0;
-    /// Of a cell: how long the text was before it.
+    /// Of a block: how long the text was before it.
     NSUInteger startLength = 0;
     std::shared_ptr<HTMLOpenList> list;
     std::shared_ptr<HTMLOpenTable> table;

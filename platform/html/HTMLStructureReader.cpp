@@ -61,7 +61,7 @@ void setMeaning(HTMLOpenElement& element, const HTMLTag& tag, const std::string&
             = highlightColorSchemeOfClass(classes.empty() ? std::string_view() : classes.front());
     if (const auto title = tag.attribute("title"); !title.empty() && !element.isBlock)
         element.meaning.toolTip = UTF16FromUTF8(title);
-    if (tag.name.size() == 2 && tag.name[0] == 'h' && tag.name[1] >= '1' && tag.name[1] <= '6')
+    if (isHeadingElement(tag.name))
         element.context.headerLevel = tag.name[1] - '0';
 }
 
@@ -141,9 +141,11 @@ void HTMLStructureReader::startElement(const HTMLTag& tag, const std::string& ba
         closeImpliedElements(tag.name);
     if (m_elements.size() >= m_options.mostNesting) {
         ++m_unopened[tag.name];
-        return;
+        return breakAtUnopened(tag.name);
     }
     openElement(tag, baseURL);
+    if (tag.name == "q")
+        addText(quotationMarks().first);
     if (tag.isSelfClosing && top().isSuppressed)
         popTo(m_elements.size() - 1);
 }
@@ -182,6 +184,7 @@ void HTMLStructureReader::openBlock(HTMLOpenElement& element, const HTMLTag& tag
     const auto marginAbove = isMarginDropped || isBoxed || isPartOfTable ? 0 : box.margin[1];
     element.marginBelow = (isNestedList && !hasOwnMargin) || isBoxed ? 0 : box.margin[3];
     m_builder.breakBlock(marginAbove, 0);
+    element.startLength = m_builder.length();
     if (isPartOfTable)
         return openPartOfTable(element, tag);
     if (isBoxed)
@@ -202,7 +205,6 @@ void HTMLStructureReader::openPartOfTable(HTMLOpenElement& element, const HTMLTa
     if (element.enclosingTable == kNone)
         return;
     const auto& table = m_elements[element.enclosingTable];
-    element.startLength = m_builder.length();
     if (isCellElement(tag.name))
         openCell(element, tag, table);
     else if (tag.name == "tr")
@@ -212,8 +214,11 @@ void HTMLStructureReader::openPartOfTable(HTMLOpenElement& element, const HTMLTa
 void HTMLStructureReader::addElement(const HTMLTag& tag, std::string_view text, const std::string& baseURL)
 {
     closeImpliedElements(tag.name);
-    if (m_elements.size() >= m_options.mostNesting)
-        return addText(text);
+    if (m_elements.size() >= m_options.mostNesting) {
+        breakAtUnopened(tag.name);
+        addText(text);
+        return breakAtUnopened(tag.name);
+    }
     openElement(tag, baseURL);
     addText(text);
     popTo(m_elements.size() - 1);
@@ -259,10 +264,34 @@ void HTMLStructureReader::addImage(const NSFileWrapper::Ref& file, std::string_v
 /// Closes what a start tag closes by itself.
 void HTMLStructureReader::closeImpliedElements(std::string_view name)
 {
-    if (const auto place = elementEndedByStart(name, m_elements); place != kNone)
-        popTo(place);
+    if (const auto place = elementEndedByStart(name, m_elements); place != kNone) {
+        // What is open in a link or in text without breaks goes on behind it.
+        const bool isCrossed = (name == "a" || name == "nobr") && place + 1 < m_elements.size();
+        if (isCrossed)
+            m_elements.endFormatting(place);
+        else
+            popTo(place);
+    }
     if (!isTablePart(name) && isBlockElement(name))
         closeParagraph();
+    if (isHeadingElement(name) && isHeadingElement(top().name))
+        popTo(m_elements.size() - 1);
+}
+
+/// A block that is not opened for being too deep stands on lines of its own all the same.
+void HTMLStructureReader::breakAtUnopened(std::string_view name)
+{
+    if (!top().isSuppressed && isBlockElement(name))
+        m_builder.breakBlock(0, 0);
+}
+
+/// Those of the innermost quotation that is open: single ones within another.
+std::pair<std::string_view, std::string_view> HTMLStructureReader::quotationMarks() const
+{
+    const auto place = m_elements.placeOf("q", {});
+    if (place != kNone && place > 1 && m_elements.placeOf("q", {}, place) != kNone)
+        return {"\u2018", "\u2019"};
+    return {"\u201C", "\u201D"};
 }
 
 /// Closes the paragraph that is open, and opens the formatting again that was open in it.
@@ -287,7 +316,7 @@ void HTMLStructureReader::endElement(const std::string& name)
         return addLineBreak();
     if (const auto unopened = m_unopened.find(name); unopened != m_unopened.end() && unopened->second > 0) {
         --unopened->second;
-        return;
+        return breakAtUnopened(name);
     }
     const auto place = elementEndedByEnd(name, m_elements);
     if (place == kNone)
@@ -310,12 +339,15 @@ void HTMLStructureReader::popTo(std::size_t place)
 
 void HTMLStructureReader::finishElement()
 {
-    const auto& element = top();
+    auto& element = top();
+    if (element.name == "q")
+        addText(quotationMarks().second);
     if (element.isSuppressed || !element.isBlock)
         return;
-    const bool isEmptyCell = isCellElement(element.name) && element.enclosingTable != kNone
-        && !m_builder.hasOpenParagraph() && m_builder.length() == element.startLength;
-    if (isEmptyCell)
+    const bool isEmpty = !m_builder.hasOpenParagraph() && m_builder.length() == element.startLength;
+    if (isEmpty && element.awaitsMarker && !element.style.isHidden)
+        ::beginItem(element, m_builder);
+    if (isEmpty && isCellElement(element.name) && element.enclosingTable != kNone)
         m_builder.appendEmptyParagraph(element.style, element.context);
     m_builder.breakBlock(0, element.marginBelow);
     if (element.table)

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 /// Makes a text of a page's elements and texts, which come in the page's order: knows which elements are open
 /// and what they mean for the text in them. Ends that are missing, too many or crossed are put right as
@@ -53,6 +54,8 @@ private:
     void openPartOfTable(HTMLOpenElement& element, const HTMLTag& tag);
     void closeImpliedElements(std::string_view name);
     void closeParagraph();
+    void breakAtUnopened(std::string_view name);
+    [[nodiscard]] std::pair<std::string_view, std::string_view> quotationMarks() const;
     void popTo(std::size_t place);
     void finishElement();
 

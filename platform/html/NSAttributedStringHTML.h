@@ -12,7 +12,8 @@
 
 /// How a page is read.
 struct NSHTMLReadingOptions {
-    /// Where the page comes from; relative links start from it unless the page names another base.
+    /// Where the page comes from; relative links start from it unless the page names another base. Of a file
+    /// only images do: links stay as they are written, so that they lead beside the page wherever it is.
     std::optional<NSURL> baseURL;
     /// The charset that was said of the page when it was fetched; empty when nothing was.
     std::string textEncodingName;
@@ -29,7 +30,7 @@ struct NSHTMLReadingOptions {
     std::size_t mostBytes = std::size_t{32} << 20U;
     /// UTF-16 code units of text.
     NSUInteger mostUnits = NSUInteger{8} << 20U;
-    /// Elements within elements; those beyond are read as if their tags were not there.
+    /// Elements within elements; those beyond only begin and end lines.
     std::size_t mostNesting = 256;
 };
 
@@ -58,9 +59,9 @@ namespace NSAttributedStringDocumentFormats {
 /// A pixel of the page is a point. Paragraphs end with a line end, the last one only within a table or
 /// another block; line breaks are U+2028. Items of lists begin with their marker between tabs, and their
 /// styles hold the lists; boxes to tick give the check and the circle marker. Cells are blocks of a table. A
-/// rule is a centred line of three asterisks. <mark> gives the platform's highlight. Styles come from the
-/// attributes of elements and from rules whose selectors are an element, a class or an identifier; nothing of
-/// what scripts would do is seen.
+/// rule is a centred line of three asterisks. A <blockquote> is a block with a line at its left. <mark> gives
+/// the platform's highlight. Styles come from the attributes of elements and from rules whose selectors are
+/// an element, a class or an identifier; nothing of what scripts would do is seen.
 ///
 /// `documentAttributes` gets the document type, the title, the base URL, the charset's name and the ground's
 /// colour, as far as the page has them. Costs time and memory in proportion to the page.
