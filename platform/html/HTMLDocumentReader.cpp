@@ -43,6 +43,9 @@ public:
     {
         if (options.baseURL)
             m_document.baseURL = options.baseURL->absoluteString();
+        // Where a page lies on this computer means nothing to who reads it elsewhere.
+        if (options.baseURL && !options.baseURL->isFileURL())
+            m_linkBase = m_document.baseURL;
     }
 
     HTMLDocument read()
@@ -71,7 +74,7 @@ private:
         else if (isVoidElement(tag.name))
             addVoidElement(tag);
         else if (tag.name != "head")
-            m_structure.startElement(tag, m_document.baseURL);
+            m_structure.startElement(tag, m_linkBase);
     }
 
     void takeRawElement(const HTMLTag& tag)
@@ -86,9 +89,9 @@ private:
         else if (start.name == "title" && m_document.title.empty())
             m_document.title = collapsed(decodedCharacterReferences(content));
         else if (start.name == "textarea")
-            m_structure.addElement(start, decodedCharacterReferences(content), m_document.baseURL);
+            m_structure.addElement(start, decodedCharacterReferences(content), m_linkBase);
         else if (start.name == "xmp")
-            m_structure.addElement(start, content, m_document.baseURL);
+            m_structure.addElement(start, content, m_linkBase);
     }
 
     void addVoidElement(const HTMLTag& tag)
@@ -115,6 +118,7 @@ private:
         if (target.empty() || std::exchange(m_hasBase, true))
             return;
         m_document.baseURL = resolvedURL(target, m_document.baseURL);
+        m_linkBase = resolvedURL(target, m_linkBase);
     }
 
     const NSHTMLReadingOptions& m_options;
@@ -122,6 +126,8 @@ private:
     HTMLStyleRules m_rules;
     HTMLStructureReader m_structure;
     HTMLDocument m_document;
+    /// What relative links start from; empty when they stay as they are written.
+    std::string m_linkBase;
     bool m_hasBase = false;
 };
 

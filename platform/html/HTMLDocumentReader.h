@@ -10,7 +10,7 @@
 struct HTMLDocument {
     NSAttributedString text;
     std::u16string title;
-    /// The URL that relative links of the page start from; empty when it is not known.
+    /// The URL that what belongs to the page is found from; empty when it is not known.
     std::string baseURL;
     NSColor::Ref backgroundColor;
 };
