@@ -4,6 +4,7 @@
 #include "cli/Console.h"
 #include "cli/ErrorMessage.h"
 #include "cli/RichTextFile.h"
+#include "markdown/MarkdownImport.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,7 +14,8 @@
 namespace {
 
 constexpr const char* kExplanation
-    = "FILE is Markdown, a page with boxes to tick, or the keyed archive of a text.\n"
+    = "FILE is Markdown, plain text with items as in Markdown or lines that begin with a box (\u2610 or "
+      "\u2611), a page with boxes to tick, or the keyed archive of a text.\n"
       "\n"
       "Examples:\n"
       "  corvel checklist groceries.md\n"
@@ -36,7 +38,10 @@ ExitStatus showChecklist(const ChecklistArguments& arguments)
         printError(arguments.path, errorReason(error, arguments.path));
         return ExitStatus::Failure;
     }
-    for (const auto& item : checklistItems(file->text)) {
+    const bool isPlain = file->kind == RichTextFile::Kind::PlainText;
+    const auto text
+        = isPlain ? attributedStringWithMarkdown(markdownOfBoxes(file->text.string())) : file->text;
+    for (const auto& item : checklistItems(text)) {
         const bool isLeftOut = item.isDone ? arguments.isOpen : arguments.isDone;
         if (isLeftOut)
             continue;

@@ -49,6 +49,30 @@ TEST_F(ChecklistCommand, ReadsBoxesOfPages)
     EXPECT_EQ(checklist({"a.html"}).output, "- [x] a\n    - [ ] b\n- [ ] c\n");
 }
 
+TEST_F(ChecklistCommand, ListsAParagraphAsOneItem)
+{
+    folder().write("a.md", "- [ ] a\\\n  b\n- [x] c\n  d\n");
+    EXPECT_EQ(checklist({"a.md"}).output, "- [ ] a b\n- [x] c d\n");
+    folder().write("a.html", "<ul><li><input type=checkbox>a<br>b</ul>");
+    EXPECT_EQ(checklist({"a.html"}).output, "- [ ] a b\n");
+}
+
+TEST_F(ChecklistCommand, ListsNumberedItemsWithBoxes)
+{
+    folder().write("a.md", "1. [ ] a\n2. [x] b\n   1. [X] c\n3. d\n");
+    EXPECT_EQ(checklist({"a.md"}).output, "- [ ] a\n- [x] b\n    - [x] c\n");
+    folder().write("a.html", "<ol><li><input type=checkbox checked>a<li>b</ol>");
+    EXPECT_EQ(checklist({"a.html"}).output, "- [x] a\n");
+}
+
+TEST_F(ChecklistCommand, ReadsPlainTextAsMarkdown)
+{
+    folder().write("a.txt",
+                   "Shop\n- [ ] a\n    - [x] b\n\n\u2610 c\n\u2611 d\r\n  \u2714\te\n- \u2610 f\n\u2610");
+    EXPECT_EQ(checklist({"a.txt"}).output,
+              "- [ ] a\n    - [x] b\n- [ ] c\n- [x] d\n    - [x] e\n- [ ] f\n- [ ] \n");
+}
+
 TEST_F(ChecklistCommand, KeepsLevelsWithinTheirBound)
 {
     std::string markdown;
@@ -61,7 +85,7 @@ TEST_F(ChecklistCommand, KeepsLevelsWithinTheirBound)
 
 TEST_F(ChecklistCommand, IsEmptyForTextWithoutItems)
 {
-    folder().write("a.txt", "- [ ] plain text is no Markdown\n");
+    folder().write("a.txt", "- [] no box\n[ ] no item\n\u2610no blank\n");
     folder().write("b.md", "");
     for (const auto* name : {"a.txt", "b.md"}) {
         const auto outcome = checklist({name});
