@@ -4,10 +4,10 @@
 #include <span>
 #include <vector>
 
-/// What Markdown puts text between signs for.
-enum class MarkdownStyle { Strong, Emphasis, Strike, Highlight };
+/// What Markdown puts text between signs or tags for.
+enum class MarkdownStyle { Strong, Emphasis, Strike, Highlight, Superscript, Subscript };
 
-inline constexpr std::size_t kMarkdownStyleCount = 4;
+inline constexpr std::size_t kMarkdownStyleCount = 6;
 
 /// Signs that may begin or end a style.
 struct MarkdownDelimiter {

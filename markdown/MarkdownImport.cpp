@@ -250,6 +250,9 @@ private:
             own.insert_or_assign(std::u16string(NSTextHighlightColorSchemeAttributeName),
                                  NSTextHighlightColorSchemeDefault);
         }
+        if (span.isSuperscript != span.isSubscript)
+            own.insert_or_assign(std::u16string(NSSuperscriptAttributeName),
+                                 std::int64_t{span.isSuperscript ? 1 : -1});
         if (span.kind == MarkdownSpan::Kind::Image && addImage(span, own))
             return;
         if (span.link && !span.link->empty())

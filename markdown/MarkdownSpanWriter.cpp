@@ -99,6 +99,11 @@ private:
             add(u"[", u"](" + markdownTarget(link) + u")");
         if (valueOf(attributes, NSTextHighlightStyleAttributeName))
             add(CVLMarkdownOpeningHighlightMarker, CVLMarkdownClosingHighlightMarker);
+        const auto level = valueOf(attributes, NSSuperscriptAttributeName).integerValue();
+        if (level > 0)
+            add(CVLMarkdownOpeningSuperscriptMarker, CVLMarkdownClosingSuperscriptMarker);
+        else if (level < 0)
+            add(CVLMarkdownOpeningSubscriptMarker, CVLMarkdownClosingSubscriptMarker);
         const auto traits = traitsOf(attributes);
         if ((traits & NSBoldFontMask) != 0 && !m_context.isHeading)
             add(CVLMarkdownStrongAsterisk, CVLMarkdownStrongAsterisk);

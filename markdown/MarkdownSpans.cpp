@@ -19,14 +19,29 @@ constexpr std::size_t kMostBrackets = 32;
 constexpr char16_t kLineSeparator = 0x2028;
 constexpr std::u16string_view kActiveSigns = u"\\`*_~[]!<\n";
 
+/// HTML that is a style of Markdown too.
+struct StyleTag {
+    MarkdownStyle style;
+    std::u16string_view opening;
+    std::u16string_view closing;
+};
+
+constexpr std::array kStyleTags{
+    StyleTag{MarkdownStyle::Highlight, CVLMarkdownOpeningHighlightMarker, CVLMarkdownClosingHighlightMarker},
+    StyleTag{MarkdownStyle::Superscript, CVLMarkdownOpeningSuperscriptMarker,
+             CVLMarkdownClosingSuperscriptMarker},
+    StyleTag{MarkdownStyle::Subscript, CVLMarkdownOpeningSubscriptMarker, CVLMarkdownClosingSubscriptMarker},
+};
+
 using Target = std::shared_ptr<const std::u16string>;
 
 class SpanReader {
 public:
     explicit SpanReader(std::u16string_view text)
         : m_text(text)
-        , m_lastHighlightEnd(text.rfind(CVLMarkdownClosingHighlightMarker))
     {
+        for (std::size_t tag = 0; tag < kStyleTags.size(); ++tag)
+            m_lastTagEnds.at(tag) = text.rfind(kStyleTags.at(tag).closing);
         for (std::size_t place = text.find(u'`'); place != kNone; place = text.find(u'`', place)) {
             const auto length = runLength(place);
             m_lastBackquotes[length] = place;
@@ -221,8 +236,10 @@ private:
         m_ranges.erase(std::remove_if(added, m_ranges.end(), isWithin), m_ranges.end());
         for (auto index = bracket.rangeCount; index < m_ranges.size(); ++index)
             m_ranges[index].end = std::min(m_ranges[index].end, bracket.piece);
-        while (!m_openHighlights.empty() && m_openHighlights.back() > bracket.piece)
-            m_openHighlights.pop_back();
+        for (auto& open : m_openTags) {
+            while (!open.empty() && open.back() > bracket.piece)
+                open.pop_back();
+        }
     }
 
     // Angle brackets.
@@ -230,11 +247,10 @@ private:
     void readTag()
     {
         const auto rest = m_text.substr(m_place, kMostMarkdownTargetUnits);
-        if (rest.starts_with(CVLMarkdownOpeningHighlightMarker) && m_lastHighlightEnd != kNone
-            && m_lastHighlightEnd > m_place)
-            return openHighlight();
-        if (rest.starts_with(CVLMarkdownClosingHighlightMarker) && !m_openHighlights.empty())
-            return closeHighlight();
+        for (std::size_t tag = 0; tag < kStyleTags.size(); ++tag) {
+            if (readStyleTag(tag, rest))
+                return;
+        }
         for (const std::u16string_view lineBreak : {u"<br>", u"<br/>", u"<br />"}) {
             if (!rest.starts_with(lineBreak))
                 continue;
@@ -249,17 +265,22 @@ private:
         m_place += end + 1;
     }
 
-    void openHighlight()
+    bool readStyleTag(std::size_t index, std::u16string_view rest)
     {
-        m_openHighlights.push_back(m_pieces.size());
-        m_place += CVLMarkdownOpeningHighlightMarker.size();
-    }
-
-    void closeHighlight()
-    {
-        m_ranges.push_back({MarkdownStyle::Highlight, m_openHighlights.back(), m_pieces.size()});
-        m_openHighlights.pop_back();
-        m_place += CVLMarkdownClosingHighlightMarker.size();
+        const auto& tag = kStyleTags.at(index);
+        auto& open = m_openTags.at(index);
+        const auto lastEnd = m_lastTagEnds.at(index);
+        if (rest.starts_with(tag.opening) && lastEnd != kNone && lastEnd > m_place) {
+            open.push_back(m_pieces.size());
+            m_place += tag.opening.size();
+            return true;
+        }
+        if (open.empty() || !rest.starts_with(tag.closing))
+            return false;
+        m_ranges.push_back({tag.style, open.back(), m_pieces.size()});
+        open.pop_back();
+        m_place += tag.closing.size();
+        return true;
     }
 
     /// The pieces with the styles of their ranges, neighbours that are alike joined.
@@ -282,6 +303,8 @@ private:
             piece.isEmphasized = depths[static_cast<std::size_t>(MarkdownStyle::Emphasis)] > 0;
             piece.isStruck = depths[static_cast<std::size_t>(MarkdownStyle::Strike)] > 0;
             piece.isHighlighted = depths[static_cast<std::size_t>(MarkdownStyle::Highlight)] > 0;
+            piece.isSuperscript = depths[static_cast<std::size_t>(MarkdownStyle::Superscript)] > 0;
+            piece.isSubscript = depths[static_cast<std::size_t>(MarkdownStyle::Subscript)] > 0;
             append(spans, std::move(piece));
         }
         return spans;
@@ -294,7 +317,9 @@ private:
         const bool isAlike = !spans.empty() && span.kind == MarkdownSpan::Kind::Text
             && spans.back().kind == span.kind && spans.back().link == span.link
             && spans.back().isStrong == span.isStrong && spans.back().isEmphasized == span.isEmphasized
-            && spans.back().isStruck == span.isStruck && spans.back().isHighlighted == span.isHighlighted;
+            && spans.back().isStruck == span.isStruck && spans.back().isHighlighted == span.isHighlighted
+            && spans.back().isSuperscript == span.isSuperscript
+            && spans.back().isSubscript == span.isSubscript;
         if (isAlike)
             spans.back().text += span.text;
         else
@@ -307,10 +332,11 @@ private:
     std::vector<MarkdownDelimiter> m_delimiters;
     std::vector<MarkdownStyleRange> m_ranges;
     std::vector<Bracket> m_brackets;
-    std::vector<std::size_t> m_openHighlights;
+    /// By tag: the pieces that open ones stand before, and where the last closing one stands.
+    std::array<std::vector<std::size_t>, kStyleTags.size()> m_openTags;
+    std::array<std::size_t, kStyleTags.size()> m_lastTagEnds{};
     /// Where the last run of so many backquotes stands.
     std::map<std::size_t, std::size_t> m_lastBackquotes;
-    std::size_t m_lastHighlightEnd = kNone;
 };
 
 } // namespace

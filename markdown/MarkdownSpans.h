@@ -16,14 +16,16 @@ struct MarkdownSpan {
     bool isEmphasized = false;
     bool isStruck = false;
     bool isHighlighted = false;
+    bool isSuperscript = false;
+    bool isSubscript = false;
     /// What the text leads to, or where the image is; null for nothing.
     std::shared_ptr<const std::u16string> link;
 };
 
 /// The spans of a paragraph's text, as CommonMark reads it: emphasis and strong text, code, links and images
 /// with their target in parentheses, targets in angle brackets, escaped signs and line breaks; beside them
-/// text between tildes, <mark> and <br>. Lines that end without a break become one. Other HTML, references to
-/// characters and to links are text. Targets are read as far as 2,048 units.
+/// text between tildes, <mark>, <sup>, <sub> and <br>. Lines that end without a break become one. Other HTML,
+/// references to characters and to links are text. Targets are read as far as 2,048 units.
 ///
 /// Any text has spans. The time is linear in it.
 [[nodiscard]] std::vector<MarkdownSpan> markdownSpans(std::u16string_view text);

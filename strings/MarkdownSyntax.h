@@ -23,6 +23,11 @@ inline constexpr std::u16string_view CVLMarkdownClosingStrikeMarker = u"~";
 /// Markdown has no highlights; HTML within it has.
 inline constexpr std::u16string_view CVLMarkdownOpeningHighlightMarker = u"<mark>";
 inline constexpr std::u16string_view CVLMarkdownClosingHighlightMarker = u"</mark>";
+/// Nor has it text above and below the line.
+inline constexpr std::u16string_view CVLMarkdownOpeningSuperscriptMarker = u"<sup>";
+inline constexpr std::u16string_view CVLMarkdownClosingSuperscriptMarker = u"</sup>";
+inline constexpr std::u16string_view CVLMarkdownOpeningSubscriptMarker = u"<sub>";
+inline constexpr std::u16string_view CVLMarkdownClosingSubscriptMarker = u"</sub>";
 inline constexpr std::u16string_view CVLMarkdownHeadingMarker = u"#";
 /// The type identifier under which Markdown was known before the platform had one.
 inline constexpr std::string_view CVLMarkdownType = kUTTypeLegacyMarkdown;

@@ -62,6 +62,7 @@ TEST(MarkdownExport, WritesSpans)
         {"<p>x<b> a </b>y", "x **a** y\n"},
         {"<p><a href='https://a.example/b c'>l <b>m</b></a>", "[l **m**](https://a.example/b%20c)\n"},
         {"<p><mark>m</mark>", "<mark>m</mark>\n"},
+        {"<p>x<sup>2</sup> H<sub>2</sub>O", "x<sup>2</sup> H<sub>2</sub>O\n"},
         {"<p>a <code>b`c</code>", "a ``b`c``\n"},
     });
 }

@@ -18,6 +18,7 @@ TEST(MarkdownRoundTrip, GivesBackMarkdownAsItIsWritten)
              u"```\na\n\n  b\n```\n",
              u"a\n\n***\n\nb\n",
              u"a\\\nb\n",
+             u"x<sup>2</sup> H<sub>*2*</sub>O\n",
              u"- a\n\n  b\n\n- c\n",
              u"1\\. a \\* \\[b\\] \\_c\\_ d_e\n",
          })
@@ -40,6 +41,7 @@ TEST(MarkdownRoundTrip, KeepsTextThatLooksLikeMarkers)
              u"*a* _b_ **c** `d` ~e~",
              u"[a](b) ![c](d) <https://e>",
              u"<mark>a</mark> <br>",
+             u"<sup>a</sup> <sub>",
              u"a & b &amp; &lt;",
              u"\\ \\* \\a",
              u"- [ ] a",
