@@ -17,7 +17,8 @@
 
 namespace {
 
-constexpr auto kNone = std::u16string_view::npos;
+/// What keeps emphasis from beginning or ending beside it.
+constexpr std::u16string_view kEdgeBlanks = u" \t\u00A0";
 
 /// What stands around text that looks a certain way.
 struct Marker {
@@ -117,36 +118,95 @@ private:
     /// Blanks go outside of markers, within which they would keep these from being markers.
     void addText(std::u16string_view text, bool isCode, const std::vector<Marker>& markers)
     {
-        const auto start = std::min(text.find_first_not_of(u" \t"), text.size());
-        if (start == text.size()) {
-            m_blanks += text;
+        const auto start = std::min(text.find_first_not_of(kEdgeBlanks), text.size());
+        m_blanks += text.substr(0, start);
+        if (start == text.size())
             return;
-        }
-        const auto end = text.find_last_not_of(u" \t") + 1;
+        const auto end = text.find_last_not_of(kEdgeBlanks) + 1;
         const auto words = text.substr(start, end - start);
-        const auto leading = text.substr(0, start);
-        if (markers == m_markers)
-            m_blanks += leading;
-        setMarkers(markers, leading);
-        m_markdown += isCode ? markdownCode(words) : escapedMarkdown(words);
+        setMarkers(markers, isCode ? markdownCode(words) : escapedMarkdown(words), isCode);
         m_blanks = text.substr(end);
     }
 
-    /// Closes and opens markers so that these are open, with the blanks between.
-    void setMarkers(const std::vector<Marker>& markers, std::u16string_view leading = {})
+    /// Closes and opens markers so that these are open, with the blanks between, and writes the words.
+    void setMarkers(const std::vector<Marker>& markers, std::u16string_view words = {}, bool isCode = false)
     {
-        const auto common = std::mismatch(m_markers.begin(), m_markers.end(), markers.begin(), markers.end());
-        const bool isSame = common.first == m_markers.end() && common.second == markers.end();
-        for (auto open = m_markers.end(); open != common.first; --open)
-            m_markdown += (open - 1)->closing;
+        const auto common = static_cast<std::size_t>(
+            std::mismatch(m_markers.begin(), m_markers.end(), markers.begin(), markers.end()).first
+            - m_markers.begin());
+        const bool isSame = common == m_markers.size() && common == markers.size();
+        closeMarkers(common, signBehind(markers, common, words));
         writeBlanks();
-        if (!isSame) {
-            m_blanks = leading;
-            writeBlanks();
+        if (!isSame || isCode || m_isCode)
+            m_wordsStart = m_markdown.size();
+        m_isCode = isCode;
+        if (common < markers.size() && isEmphasis(markers[common]) && endsWithinWord()) {
+            const auto* const letter = std::find_if_not(words.begin(), words.end(), isMarkdownPunctuation);
+            const auto signs = isCode ? words.size() : static_cast<std::size_t>(letter - words.begin());
+            m_markdown += words.substr(0, signs);
+            words.remove_prefix(signs);
+            if (words.empty())
+                return;
         }
-        for (auto next = common.second; next != markers.end(); ++next)
-            open(next->opening);
-        m_markers = markers;
+        for (auto next = common; next < markers.size(); ++next) {
+            open(markers[next].opening);
+            m_markers.push_back(markers[next]);
+            m_openPlaces.push_back(m_markdown.size());
+        }
+        if (!isSame)
+            m_wordsStart = m_markdown.size();
+        m_markdown += words;
+    }
+
+    /// Emphasis is known by what stands at both of its sides; tags and links are not.
+    static bool isEmphasis(const Marker& marker)
+    {
+        return marker.opening.starts_with(u'*') || marker.opening.starts_with(u'~');
+    }
+
+    /// What will stand behind markers that are closed now.
+    [[nodiscard]] char16_t signBehind(const std::vector<Marker>& markers, std::size_t common,
+                                      std::u16string_view words) const
+    {
+        if (!m_blanks.empty() || words.empty())
+            return u' ';
+        const bool isRun = common < markers.size() && markers[common].opening.starts_with(u'*');
+        return common == markers.size() || isRun ? words.front() : u'<';
+    }
+
+    /// Whether emphasis that begins here must begin with a letter. Asterisks go on with those before them.
+    [[nodiscard]] bool endsWithinWord() const
+    {
+        if (m_markdown.empty())
+            return false;
+        const auto last = m_markdown.back();
+        return last == u'*' || (!isMarkdownBlank(last) && !isMarkdownPunctuation(last));
+    }
+
+    /// Closes the markers from this one on. Signs at the end of emphasis before a letter go outside, as it
+    /// would not end behind them.
+    void closeMarkers(std::size_t first, char16_t behind)
+    {
+        auto end = m_markdown.size();
+        const bool endsBeforeLetter = first < m_markers.size() && isEmphasis(m_markers[first])
+            && !isMarkdownBlank(behind) && !isMarkdownPunctuation(behind);
+        if (endsBeforeLetter && m_isCode && m_openPlaces.back() == m_wordsStart)
+            end = m_wordsStart;
+        while (endsBeforeLetter && !m_isCode && end > m_wordsStart
+               && isMarkdownPunctuation(m_markdown[end - 1]))
+            --end;
+        const auto signs = m_markdown.substr(end);
+        m_markdown.resize(end);
+        while (m_markers.size() > first) {
+            const bool isEmpty = m_openPlaces.back() == m_markdown.size();
+            if (isEmpty)
+                m_markdown.resize(m_markdown.size() - m_markers.back().opening.size());
+            else
+                m_markdown += m_markers.back().closing;
+            m_markers.pop_back();
+            m_openPlaces.pop_back();
+        }
+        m_markdown += signs;
     }
 
     void open(std::u16string_view opening)
@@ -161,20 +221,19 @@ private:
     void writeBlanks()
     {
         const bool isAtStart = m_markdown.empty() || m_markdown.back() == u'\n';
-        if (!isAtStart)
-            m_markdown += m_blanks;
+        const auto read = isAtStart ? std::min(m_blanks.find_first_not_of(u" \t"), m_blanks.size()) : 0;
+        m_markdown.append(m_blanks, read);
         m_blanks.clear();
     }
 
+    /// Line breaks are blanks too, which take those before them away.
     void addLineBreak()
     {
-        m_blanks.clear();
-        if (m_context.isHeading || m_context.isCell) {
-            m_markdown += m_context.isCell ? u"<br>" : u" ";
-            return;
-        }
-        if (!m_markdown.empty())
-            m_markdown += u"\\\n";
+        m_blanks.resize(m_blanks.find_last_not_of(u" \t") + 1);
+        if (m_context.isHeading || m_context.isCell)
+            m_blanks += m_context.isCell ? u"<br>" : u" ";
+        else if (!m_markdown.empty() || !m_blanks.empty())
+            m_blanks += u"\\\n";
     }
 
     void addAttachment(const NSTextAttachment& attachment)
@@ -194,6 +253,11 @@ private:
     MarkdownSpanContext m_context;
     std::u16string m_markdown;
     std::vector<Marker> m_markers;
+    /// Where the text of each open marker begins, and that of the words written last.
+    std::vector<std::size_t> m_openPlaces;
+    std::size_t m_wordsStart = 0;
+    /// Whether those words are code, which is not taken apart.
+    bool m_isCode = false;
     /// What comes before the next word, unless nothing does.
     std::u16string m_blanks;
 };

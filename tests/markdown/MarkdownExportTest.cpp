@@ -67,6 +67,25 @@ TEST(MarkdownExport, WritesSpans)
     });
 }
 
+TEST(MarkdownExport, WritesEmphasisThatIsReadAsSuch)
+{
+    expectMarkdown({
+        {"<p><b>Note:</b>text", "**Note**:text\n"},
+        {"<p><b>Note:</b> text", "**Note:** text\n"},
+        {"<p>a<i>(b)</i>c", "a(*b*)c\n"},
+        {"<p>a<b>!</b>c", "a!c\n"},
+        {"<p>a<b>*</b>c", "a\\*c\n"},
+        {"<p><i>a <b>b.</b></i>c", "*a* ***b***.c\n"},
+        {"<p><b><code>b</code></b>c", "`b`c\n"},
+        {"<p><b><code>b</code></b> c", "**`b`** c\n"},
+        {"<p>a<b><code>b</code></b> c", "a`b` c\n"},
+        {"<p><b>a.<u>.</u></b>c", "**a**..c\n"},
+        {"<p><b>a<br></b>b", "**a**\\\nb\n"},
+        {"<p><b>a&nbsp;</b>b", "**a**\u00a0b\n"},
+        {"<p><b><s>b</s></b> c", "**~b~** c\n"},
+    });
+}
+
 TEST(MarkdownExport, WritesLists)
 {
     expectMarkdown({
