@@ -9,6 +9,6 @@
 /// emphasised, struck, highlighted, raised and lowered text, and links. An attachment is an image or a link
 /// by its file's name. Of tables, the first row is the head; cells that others reach over are empty. What
 /// Markdown has no form for is left out: sizes, colours, alignment. Emphasis between punctuation and a letter
-/// leaves the punctuation out, as it would not be read otherwise; only emphasis that is struck through within
-/// a word is not read back. Ends with a line end unless it is empty. Linear in the text.
+/// leaves the punctuation out, as it would not be read otherwise; emphasis in emphasis or struck through
+/// within a word is not always read back. Ends with a line end unless it is empty. Linear in the text.
 [[nodiscard]] std::u16string markdownWithAttributedString(const NSAttributedString& text);

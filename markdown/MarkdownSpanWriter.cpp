@@ -58,6 +58,12 @@ std::u16string withEscapedBars(std::u16string_view markdown)
     return escaped;
 }
 
+/// What emphasis within a word neither begins nor ends with.
+bool isEdge(char16_t unit)
+{
+    return isMarkdownBlank(unit) || isMarkdownPunctuation(unit);
+}
+
 class SpanWriter {
 public:
     explicit SpanWriter(const MarkdownSpanContext& context)
@@ -136,12 +142,12 @@ private:
             - m_markers.begin());
         const bool isSame = common == m_markers.size() && common == markers.size();
         closeMarkers(common, signBehind(markers, common, words));
-        writeBlanks();
         if (!isSame || isCode || m_isCode)
             m_wordsStart = m_markdown.size();
+        writeBlanks();
         m_isCode = isCode;
         if (common < markers.size() && isEmphasis(markers[common]) && endsWithinWord()) {
-            const auto* const letter = std::find_if_not(words.begin(), words.end(), isMarkdownPunctuation);
+            const auto* const letter = std::find_if_not(words.begin(), words.end(), isEdge);
             const auto signs = isCode ? words.size() : static_cast<std::size_t>(letter - words.begin());
             m_markdown += words.substr(0, signs);
             words.remove_prefix(signs);
@@ -192,8 +198,7 @@ private:
             && !isMarkdownBlank(behind) && !isMarkdownPunctuation(behind);
         if (endsBeforeLetter && m_isCode && m_openPlaces.back() == m_wordsStart)
             end = m_wordsStart;
-        while (endsBeforeLetter && !m_isCode && end > m_wordsStart
-               && isMarkdownPunctuation(m_markdown[end - 1]))
+        while (endsBeforeLetter && !m_isCode && end > m_wordsStart && isEdge(m_markdown[end - 1]))
             --end;
         const auto signs = m_markdown.substr(end);
         m_markdown.resize(end);
@@ -275,8 +280,8 @@ std::u16string markdownSpansOf(const NSAttributedString& text, NSRange range,
                                     });
     auto markdown = writer.finish();
     // A line break at the end ends nothing.
-    while (markdown.ends_with(u"\\\n"))
-        markdown.resize(markdown.size() - 2);
+    while (markdown.ends_with(u"\\\n") || markdown.ends_with(u' '))
+        markdown.resize(markdown.size() - (markdown.back() == u' ' ? 1 : 2));
     return context.isCell ? withEscapedBars(markdown) : markdown;
 }
 

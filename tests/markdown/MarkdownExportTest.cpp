@@ -74,6 +74,7 @@ TEST(MarkdownExport, WritesEmphasisThatIsReadAsSuch)
         {"<p><b>Note:</b> text", "**Note:** text\n"},
         {"<p>a<i>(b)</i>c", "a(*b*)c\n"},
         {"<p>a<b>!</b>c", "a!c\n"},
+        {"<p>a<b>! b .</b>c", "a! **b** .c\n"},
         {"<p>a<b>*</b>c", "a\\*c\n"},
         {"<p><i>a <b>b.</b></i>c", "*a* ***b***.c\n"},
         {"<p><b><code>b</code></b>c", "`b`c\n"},
