@@ -92,7 +92,7 @@ NSFileWrapper::Ref notePackage(const NotePackageSource& source, NSError* error)
 {
     NSMutableAttributedString text(source.noteText);
     renameFilesThatNoMemberCanBe(text);
-    const auto package = rtfdOf(text, error);
+    auto package = rtfdOf(text, error);
     if (!package)
         return nullptr;
     removeAttributesNotStored(text);

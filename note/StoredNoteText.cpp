@@ -14,7 +14,6 @@
 #include "platform/text/NSParagraphStyle.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace {
@@ -128,7 +127,8 @@ void restoreDividers(NSMutableAttributedString& text, const std::vector<NSRange>
 {
     auto unitsLeft = text.length() + kMostUnitsBetweenDividers;
     auto last = text.length();
-    for (const auto range : std::views::reverse(ranges)) {
+    for (auto next = ranges.rbegin(); next != ranges.rend(); ++next) {
+        const auto range = *next;
         const auto length = text.length();
         if (range.location >= length || range.length >= length - range.location)
             continue;
