@@ -34,7 +34,7 @@ TEST_F(NoteOtherReaders, SeeTheTextThatIsExported)
     const TemporaryFolder folder;
     ASSERT_TRUE(note.saveToFileURL(folder.url("a.cvlnote")));
     ASSERT_TRUE(runs("cd " + folder.file("a.cvlnote")
-                     + " && HOME=. soffice --headless --convert-to txt:Text TXT.rtf"));
+                     + " && HOME=$PWD soffice --headless --convert-to 'txt:Text (encoded):UTF8' TXT.rtf"));
     std::ostringstream seen;
     seen << std::ifstream(folder.file("a.cvlnote/TXT.txt")).rdbuf();
     EXPECT_THAT(seen.str(),

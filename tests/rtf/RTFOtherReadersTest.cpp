@@ -42,7 +42,7 @@ TEST(RTFOtherReaders, SeeTheSameText)
     std::ofstream(path, std::ios::binary)
         << NSAttributedStringDocumentFormats::RTFFromRange(text, {0, text.length()})->bytes;
     ASSERT_TRUE(runs("cd " + folder.path().native()
-                     + " && HOME=. soffice --headless --convert-to txt:Text text.rtf"));
+                     + " && HOME=$PWD soffice --headless --convert-to 'txt:Text (encoded):UTF8' text.rtf"));
     std::ostringstream seen;
     seen << std::ifstream(folder.path() / "text.txt").rdbuf();
     EXPECT_THAT(seen.str(), testing::HasSubstr(UTF8FromUTF16(text.string())));
