@@ -48,3 +48,9 @@ TEST(JSONLines, StatusIsOneObject)
 }
 
 } // namespace
+
+TEST(JSONLines, EscapeWhatReadersMayTakeForALineEnd)
+{
+    EXPECT_EQ(textLine("/a", "text", "1\u2028 2\u2029 3\u0085 4"),
+              R"({"path":"/a","rule":"text","text":"1\u2028 2\u2029 3\u0085 4"})");
+}
