@@ -36,6 +36,7 @@ struct Command {
 [[nodiscard]] Command addHTMLCommand(CLI::App& program);
 [[nodiscard]] Command addIndexCommand(CLI::App& program);
 [[nodiscard]] Command addMoveCommand(CLI::App& program);
+[[nodiscard]] Command addNoteCommand(CLI::App& program);
 [[nodiscard]] Command addRemoveCommand(CLI::App& program);
 [[nodiscard]] Command addSearchCommand(CLI::App& program);
 [[nodiscard]] Command addStatusCommand(CLI::App& program);

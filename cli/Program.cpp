@@ -20,9 +20,9 @@ std::vector<Command> addCommands(CLI::App& program)
     program.set_version_flag("--version", "corvel " CORVEL_VERSION);
     program.set_help_all_flag();
     program.footer(kExamples);
-    return {addCreateCommand(program),   addIndexCommand(program),  addRemoveCommand(program),
-            addMoveCommand(program),     addSearchCommand(program), addStatusCommand(program),
-            addCheckCommand(program),    addTextCommand(program),   addStyleCommand(program),
-            addStringCommand(program),   addColourCommand(program), addHTMLCommand(program),
-            addChecklistCommand(program)};
+    return {addCreateCommand(program),    addIndexCommand(program),  addRemoveCommand(program),
+            addMoveCommand(program),      addSearchCommand(program), addStatusCommand(program),
+            addCheckCommand(program),     addTextCommand(program),   addStyleCommand(program),
+            addStringCommand(program),    addColourCommand(program), addHTMLCommand(program),
+            addChecklistCommand(program), addNoteCommand(program)};
 }

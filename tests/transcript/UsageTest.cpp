@@ -47,6 +47,10 @@ TEST_F(Usage, ErrorsEndWithTwoAndSayWhy)
         {"html", "import", "--text", "--markdown", "a.html"},
         {"html", "export", "a.md", "b.md"},
         {"checklist"},
+        {"note"},
+        {"note", "dance"},
+        {"note", "text"},
+        {"note", "text", ""},
         {"checklist", "--open", "--done", "a.md"},
     };
     for (const auto& mistake : mistakes) {
@@ -62,7 +66,7 @@ TEST_F(Usage, HelpOfEveryCommandHasExamples)
 {
     EXPECT_THAT(corvel({"--help"}).output, HasSubstr("Examples:"));
     for (const auto* command : {"create", "index", "remove", "move", "search", "status", "check", "text",
-                                "style", "string", "colour", "html", "checklist"}) {
+                                "style", "string", "colour", "html", "checklist", "note"}) {
         const auto outcome = corvel({command, "--help"});
         EXPECT_EQ(outcome.status, 0) << command;
         EXPECT_THAT(outcome.output,

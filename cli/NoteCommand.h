@@ -1,0 +1,6 @@
+#pragma once
+
+#include "cli/Command.h"
+
+/// The commands of `corvel note`, each in a file of its own.
+[[nodiscard]] Command addNoteTextCommand(CLI::App& command);
