@@ -70,23 +70,6 @@ bool isRightToLeft(const std::u16string& line, NSWritingDirection direction)
     return ubidi_getBaseDirection(line.data(), static_cast<int32_t>(line.size())) == UBIDI_RTL;
 }
 
-PangoEllipsizeMode ellipsizing(NSLineBreakMode mode)
-{
-    switch (mode) {
-    case NSLineBreakMode::TruncatingHead:
-        return PANGO_ELLIPSIZE_START;
-    case NSLineBreakMode::TruncatingMiddle:
-        return PANGO_ELLIPSIZE_MIDDLE;
-    case NSLineBreakMode::TruncatingTail:
-        return PANGO_ELLIPSIZE_END;
-    case NSLineBreakMode::WordWrapping:
-    case NSLineBreakMode::CharWrapping:
-    case NSLineBreakMode::Clipping:
-        break;
-    }
-    return PANGO_ELLIPSIZE_NONE;
-}
-
 /// How much wider than its glyphs the ellipsis is: Pango lets it fill what the cut left free.
 int ellipsisExcess(const PangoLayoutLine& line)
 {

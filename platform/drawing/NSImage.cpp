@@ -40,6 +40,17 @@ NSImage::Ref NSImage::imageWithSize(NSSize size, const Drawing& drawing, double 
     return std::make_shared<NSImage>(std::move(image));
 }
 
+NSImage::Ref NSImage::imageWithPixels(BitmapPixels pixels, NSSize size)
+{
+    const auto isWhole = !pixels.values.empty() && pixels.values.size() == pixels.wide * pixels.high;
+    if (!isWhole || !isSide(size.width) || !isSide(size.height))
+        return nullptr;
+    NSImage image;
+    image.m_size = size;
+    image.m_pixels = std::move(pixels);
+    return std::make_shared<NSImage>(std::move(image));
+}
+
 NSImage::Ref NSImage::imageWithSize(NSSize size, Flipped flipped, Drawing drawingHandler)
 {
     if (!drawingHandler || !isSide(size.width) || !isSide(size.height))

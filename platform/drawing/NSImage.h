@@ -23,6 +23,10 @@ public:
     [[nodiscard]] static Ref imageWithSize(NSSize size, const Drawing& drawing, double scale = 1.0,
                                            NSAppearance appearance = NSAppearance::Light);
 
+    /// A bitmap of these pixels, that large in points. Null when they are none, or a side is not a positive
+    /// number.
+    [[nodiscard]] static Ref imageWithPixels(BitmapPixels pixels, NSSize size);
+
     /// An image that is drawn by the handler, which must work as long as the image lives, on every thread
     /// that draws it. Null without a handler or when a side is not a positive number.
     [[nodiscard]] static Ref imageWithSize(NSSize size, Flipped flipped, Drawing drawingHandler);

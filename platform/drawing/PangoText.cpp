@@ -199,3 +199,20 @@ NSFont::Ref fontOfAttributes(const NSAttributes& attributes)
     const auto font = valueOf(attributes, NSFontAttributeName).object<NSFont>();
     return font ? font : NSFont::userFontOfSize(NSFont::kDefaultSize);
 }
+
+PangoEllipsizeMode ellipsizing(NSLineBreakMode mode)
+{
+    switch (mode) {
+    case NSLineBreakMode::TruncatingHead:
+        return PANGO_ELLIPSIZE_START;
+    case NSLineBreakMode::TruncatingMiddle:
+        return PANGO_ELLIPSIZE_MIDDLE;
+    case NSLineBreakMode::TruncatingTail:
+        return PANGO_ELLIPSIZE_END;
+    case NSLineBreakMode::WordWrapping:
+    case NSLineBreakMode::CharWrapping:
+    case NSLineBreakMode::Clipping:
+        break;
+    }
+    return PANGO_ELLIPSIZE_NONE;
+}

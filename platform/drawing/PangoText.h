@@ -4,6 +4,7 @@
 #include "platform/text/NSAppearance.h"
 #include "platform/text/NSAttributedString.h"
 #include "platform/text/NSFont.h"
+#include "platform/text/NSParagraphStyle.h"
 
 #include <string>
 #include <vector>
@@ -22,6 +23,9 @@ struct PangoText {
 /// U+FFFD; attachments leave no ink and take no room; behind a thousand tabs, more of them are spaces.
 /// Colours are as in the appearance.
 [[nodiscard]] PangoText pangoText(const NSAttributedString& text, NSRange range, NSAppearance appearance);
+
+/// Where a line that is too long is cut; none for what is broken or clipped.
+[[nodiscard]] PangoEllipsizeMode ellipsizing(NSLineBreakMode mode);
 
 /// The font of text that has none: the platform's, Helvetica of 12 points.
 [[nodiscard]] NSFont::Ref fontOfAttributes(const NSAttributes& attributes);

@@ -7,6 +7,8 @@
 #include "platform/text/NSTextAttachment.h"
 #include "platform/views/NSTextView.h"
 
+#include <algorithm>
+
 namespace {
 
 NSRect bounded(NSRect rect)
@@ -43,9 +45,12 @@ void drawEmptyBox(NSRect frame, NSGraphicsContext& context)
 NSRect attachmentRoom(NSTextAttachment& attachment, const NSTextContainer& container, NSUInteger index,
                       double widest, const AttachmentImage& image)
 {
-    if (const auto cell = attachment.attachmentCell())
-        return bounded(cell->cellFrameForTextContainer(
+    if (const auto cell = attachment.attachmentCell()) {
+        auto frame = bounded(cell->cellFrameForTextContainer(
             container, {{0, 0}, {container.size().width, kLargestLength}}, {0, 0}, index));
+        frame.size.width = std::min(frame.size.width, widest);
+        return frame;
+    }
     auto room = bounded(attachment.bounds());
     if (room.size.width == 0 || room.size.height == 0)
         room.size = bounded({{}, naturalSize(attachment, image)}).size;

@@ -12,7 +12,7 @@ class NSTextView;
 inline constexpr double kMissingAttachmentSide = 16;
 
 /// The room that an attachment takes, from the point on the baseline where it stands, y upwards: what its
-/// cell asks for; without a cell its bounds, else its picture's size, shrunk in proportion to `widest`.
+/// cell asks for, cut to `widest`; without a cell its bounds, else its picture's size, shrunk in proportion.
 /// `index` is the attachment's place in the container's text.
 [[nodiscard]] NSRect attachmentRoom(NSTextAttachment& attachment, const NSTextContainer& container,
                                     NSUInteger index, double widest, const AttachmentImage& image);

@@ -25,23 +25,6 @@ double points(int units)
     return static_cast<double>(units) / PANGO_SCALE;
 }
 
-PangoEllipsizeMode ellipsizing(NSLineBreakMode mode)
-{
-    switch (mode) {
-    case NSLineBreakMode::TruncatingHead:
-        return PANGO_ELLIPSIZE_START;
-    case NSLineBreakMode::TruncatingMiddle:
-        return PANGO_ELLIPSIZE_MIDDLE;
-    case NSLineBreakMode::TruncatingTail:
-        return PANGO_ELLIPSIZE_END;
-    case NSLineBreakMode::WordWrapping:
-    case NSLineBreakMode::CharWrapping:
-    case NSLineBreakMode::Clipping:
-        break;
-    }
-    return PANGO_ELLIPSIZE_NONE;
-}
-
 /// The height of the fonts of the text: of a line that has no letters, its line end's.
 double fontHeight(PangoContext& context, const NSAttributedString& text, NSUInteger length)
 {

@@ -9,6 +9,7 @@
 #include "platform/views/NSTextView.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace {
@@ -99,13 +100,34 @@ NSLayoutManager::NSLayoutManager(const NSTextContainer& container, AttachmentIma
     const auto paragraphs = paragraphsOf(m_text);
     const LayoutSource source{m_text, m_image};
     m_height = TextFlow(source, m_places).place(paragraphs, 0, {}, m_width);
+    m_blockEnds.reserve(m_places.blocks.size());
+    for (const auto& placed : m_places.blocks) {
+        const auto before = m_blockEnds.empty() ? 0 : m_blockEnds.back();
+        m_blockEnds.push_back(std::max(before, NSMaxRange(placed.range)));
+    }
+}
+
+std::span<const PlacedBlock> NSLayoutManager::blocksAround(NSRange range) const
+{
+    const auto first = std::upper_bound(m_blockEnds.begin(), m_blockEnds.end(), range.location);
+    const auto& blocks = m_places.blocks;
+    const auto last = std::lower_bound(
+        blocks.begin(), blocks.end(), NSMaxRange(range),
+        [](const PlacedBlock& placed, NSUInteger end) { return placed.range.location < end; });
+    const auto from = blocks.begin() + (first - m_blockEnds.begin());
+    return from < last ? std::span(from, last) : std::span<const PlacedBlock>();
 }
 
 void NSLayoutManager::enumerateLines(NSRange range, NSAppearance appearance, VerticalSpan visible,
                                      const PlacedLineVisitor& visit) const
 {
     const LayoutSource source{m_text, m_image};
-    for (const auto& paragraph : m_places.paragraphs) {
+    const auto first = std::lower_bound(
+        m_places.paragraphs.begin(), m_places.paragraphs.end(), range.location,
+        [](const PlacedParagraph& placed, NSUInteger at) { return NSMaxRange(placed.range) <= at; });
+    for (const auto& paragraph : std::span(first, m_places.paragraphs.end())) {
+        if (paragraph.range.location >= NSMaxRange(range))
+            return;
         const auto top = paragraph.rect.origin.y;
         if (!isTouched(paragraph.range, range) || top > visible.bottom
             || top + paragraph.rect.size.height < visible.top)
@@ -139,6 +161,12 @@ void NSLayoutManager::enumerateAttachmentsForGlyphRange(NSRange range, const Att
     });
 }
 
+void NSLayoutManager::enumerateTextBlocks(const BlockVisitor& visit) const
+{
+    for (const auto& placed : m_places.blocks)
+        visit(placed.range, placed.rect);
+}
+
 NSRect NSLayoutManager::boundsRectForTextBlock(const NSTextBlock& block) const
 {
     const auto found = std::find_if(m_places.blocks.begin(), m_places.blocks.end(),
@@ -150,7 +178,7 @@ void NSLayoutManager::drawBackgroundForGlyphRange(NSRange range, NSPoint atPoint
 {
     auto& context = view.graphicsContext();
     const auto visible = visibleSpan(context, atPoint);
-    for (const auto& placed : m_places.blocks) {
+    for (const auto& placed : blocksAround(range)) {
         const auto top = placed.rect.origin.y;
         if (isTouched(placed.range, range) && top <= visible.bottom
             && top + placed.rect.size.height >= visible.top && !isHidden(m_text, placed))

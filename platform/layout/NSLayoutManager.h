@@ -8,6 +8,7 @@
 #include "platform/text/NSAttributedString.h"
 
 #include <functional>
+#include <span>
 #include <vector>
 
 class NSTextContainer;
@@ -53,6 +54,12 @@ public:
     /// Visits the attachments in the range, with the frames that they are drawn in.
     void enumerateAttachmentsForGlyphRange(NSRange range, const AttachmentVisitor& visit) const;
 
+    using BlockVisitor = std::function<void(NSRange range, NSRect rect)>;
+
+    /// Visits the blocks of the text, those within others after them, with their characters and where they
+    /// stand: with their borders, without their margins.
+    void enumerateTextBlocks(const BlockVisitor& visit) const;
+
     /// Where a block or table of the text stands: with its borders, without its margins. Empty for one that
     /// no paragraph is in. Linear in the number of blocks.
     [[nodiscard]] NSRect boundsRectForTextBlock(const NSTextBlock& block) const;
@@ -74,6 +81,8 @@ private:
 
     using PlacedLineVisitor = std::function<void(const TextLine& line, NSPoint origin)>;
 
+    /// The blocks that hold characters of the range are among these; found without looking at all.
+    [[nodiscard]] std::span<const PlacedBlock> blocksAround(NSRange range) const;
     void enumerateLines(NSRange range, NSAppearance appearance, VerticalSpan visible,
                         const PlacedLineVisitor& visit) const;
 
@@ -82,4 +91,6 @@ private:
     double m_width;
     double m_height = 0;
     TextPlaces m_places;
+    /// For each block, how far it or one before it reaches into the text.
+    std::vector<NSUInteger> m_blockEnds;
 };
