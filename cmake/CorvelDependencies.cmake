@@ -20,6 +20,7 @@ pkg_check_modules(EXIV2 REQUIRED IMPORTED_TARGET exiv2>=0.27)
 pkg_check_modules(SYSTEMD REQUIRED IMPORTED_TARGET libsystemd>=252)
 pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo>=1.16)
 pkg_check_modules(PANGO REQUIRED IMPORTED_TARGET pangocairo>=1.50)
+pkg_check_modules(PIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0>=2.42)
 pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig>=2.14)
 pkg_check_modules(FREETYPE REQUIRED IMPORTED_TARGET freetype2)
 # Compiles the message catalogues of po/; in gettext.

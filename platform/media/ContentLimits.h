@@ -25,5 +25,10 @@ struct ContentLimits {
     /// Messages within messages, containers within containers.
     std::size_t containerNesting = 8;
     std::size_t pages = 20'000;
+    /// Bytes of an image that is shown, and its pixels, which take four bytes each when they are decoded.
+    std::size_t imageBytes = std::size_t{64} << 20;
+    std::size_t imagePixels = 50'000'000;
+    /// Bytes of an image of lines and text: its decoder takes far more time for a byte than others do.
+    std::size_t vectorImageBytes = std::size_t{1} << 20;
     std::chrono::milliseconds time = std::chrono::seconds(30);
 };

@@ -8,6 +8,7 @@
 #include <array>
 #include <exception>
 #include <limits>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -16,6 +17,8 @@ namespace {
 
 constexpr long kLongestValue = 65536;
 constexpr long kMostElements = 1000;
+constexpr int kUpright = 1;
+constexpr int kLastOrientation = 8;
 
 struct MetadataKey {
     const char* key;
@@ -164,22 +167,48 @@ template <typename Step> void attempt(const Step& step)
     }
 }
 
+/// Null for what is too large for the library. Raises what the library does.
+std::unique_ptr<Exiv2::Image> imageWithMetadata(std::string_view bytes)
+{
+    startLibrary();
+    if (bytes.empty() || bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        return nullptr;
+    std::unique_ptr<Exiv2::Image> image(
+        Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(bytes.data()),
+                                  static_cast<long>(bytes.size()))
+            .release());
+    attempt([&] { image->readMetadata(); });
+    return image;
+}
+
 } // namespace
 
 std::vector<ImageDescription> descriptionsInImageMetadata(std::string_view bytes)
 {
-    startLibrary();
     Descriptions descriptions;
-    if (bytes.empty() || bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-        return {};
     attempt([&] {
-        const auto image = Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(bytes.data()),
-                                                     static_cast<long>(bytes.size()));
-        attempt([&] { image->readMetadata(); });
+        const auto image = imageWithMetadata(bytes);
+        if (!image)
+            return;
         attempt([&] { addXMP(image->xmpData(), descriptions); });
         attempt([&] { addIPTC(image->iptcData(), descriptions); });
         attempt([&] { addEXIF(image->exifData(), descriptions); });
         attempt([&] { descriptions.add("description", image->comment()); });
     });
     return descriptions.take();
+}
+
+int orientationInImageMetadata(std::string_view bytes)
+{
+    long orientation = kUpright;
+    attempt([&] {
+        const auto image = imageWithMetadata(bytes);
+        if (!image)
+            return;
+        const auto found = image->exifData().findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
+        if (found != image->exifData().end() && found->count() > 0)
+            orientation = found->toLong();
+    });
+    return orientation >= kUpright && orientation <= kLastOrientation ? static_cast<int>(orientation)
+                                                                      : kUpright;
 }
