@@ -20,7 +20,7 @@ Command addNoteCommand(CLI::App& program)
 {
     auto& command = addCommand(program, "note", "Make, read and examine notes.", kExplanation);
     command.require_subcommand(1);
-    const std::vector<Command> commands{addNoteTextCommand(command)};
+    const std::vector<Command> commands{addNoteRenderCommand(command), addNoteTextCommand(command)};
     return {&command, [commands] {
                 const auto given = std::find_if(commands.begin(), commands.end(),
                                                 [](const Command& each) { return each.syntax->parsed(); });
