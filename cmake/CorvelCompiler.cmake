@@ -7,7 +7,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CORVEL_CCACHE ccache)
 if(CORVEL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CORVEL_CCACHE})
+    # Without these it keeps nothing that is compiled with precompiled headers, as the tests are.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CORVEL_CCACHE})
 endif()
 
 add_compile_options(
