@@ -3,7 +3,6 @@
 #include "platform/foundation/PropertyListLimits.h"
 #include "platform/foundation/Unicode.h"
 
-#include <algorithm>
 #include <bit>
 
 namespace {
@@ -24,12 +23,6 @@ std::uint64_t bigEndianNumber(std::string_view bytes)
     for (const char byte : bytes)
         number = number << 8U | static_cast<std::uint8_t>(byte);
     return number;
-}
-
-bool isASCII(std::string_view bytes)
-{
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char byte) { return static_cast<std::uint8_t>(byte) < 0x80; });
 }
 
 } // namespace

@@ -119,6 +119,11 @@ void appendUTF8(std::string& text, char32_t codePoint)
     }
 }
 
+bool isASCII(std::string_view bytes)
+{
+    return asciiPrefixLength(bytes) == bytes.size();
+}
+
 bool isValidUTF8(std::string_view bytes)
 {
     for (std::size_t offset = asciiPrefixLength(bytes); offset < bytes.size();) {

@@ -20,6 +20,8 @@ inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 void appendUTF8(std::string& text, char32_t codePoint);
 
+[[nodiscard]] bool isASCII(std::string_view bytes);
+
 [[nodiscard]] bool isValidUTF8(std::string_view bytes);
 
 /// `bytes` with every ill-formed sequence replaced by U+FFFD.

@@ -8,7 +8,9 @@
 void RTFBodyReading::append(std::u16string_view characters, const RTFReaderState& state)
 {
     m_isBehindRow = false;
-    const auto rest = kMostRTFUnits - std::min(kMostRTFUnits, m_assembly.length());
+    auto rest = kMostRTFUnits - std::min(kMostRTFUnits, m_assembly.length());
+    const bool isWithinPair = rest < characters.size() && (characters[rest] & 0xFC00U) == 0xDC00;
+    rest -= isWithinPair ? 1 : 0;
     m_assembly.append(characters.substr(0, rest), attributes.attributesFor(state.run, settings.isCocoa()));
 }
 

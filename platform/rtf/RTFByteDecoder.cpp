@@ -3,16 +3,17 @@
 #include "platform/foundation/Unicode.h"
 #include "platform/rtf/RTFCodePages.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr std::size_t kMostCollectedBytes = 65536;
 
-bool isASCII(std::string_view bytes)
+void appendSymbols(std::string_view bytes, std::string& text)
 {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    constexpr char32_t kSymbolArea = 0xF000;
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        appendUTF8(text, value < 0x80 ? value : kSymbolArea + value);
+    }
 }
 
 } // namespace
@@ -36,7 +37,9 @@ void RTFByteDecoder::flush(std::string& text)
 {
     if (m_bytes.empty())
         return;
-    if (auto& decoder = decoderForCodePage(m_codePage)) {
+    if (m_codePage == kSymbolCodePage) {
+        appendSymbols(m_bytes, text);
+    } else if (auto& decoder = decoderForCodePage(m_codePage)) {
         decoder->append(m_bytes, text);
         decoder->finish(text);
     } else {

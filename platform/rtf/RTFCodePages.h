@@ -3,6 +3,10 @@
 #include <cstdint>
 #include <string_view>
 
+/// Of fonts of symbols: bytes above 0x7F are characters of the private area, U+F000 and on, as other programs
+/// have them.
+inline constexpr std::uint16_t kSymbolCodePage = 42;
+
 /// The Windows code page of a font's \fcharset, or 0 when it means the document's own.
 [[nodiscard]] std::uint16_t codePageForFontCharset(std::int32_t charset);
 

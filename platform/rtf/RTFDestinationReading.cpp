@@ -8,69 +8,56 @@
 
 #include <utility>
 
-void RTFDestinationReading::begin(RTFReaderState& state, RTFDestination destination)
+void RTFDestinationReading::begin(RTFDestination destination)
 {
-    state.destination = destination;
-    state.endsDestination = true;
     m_collected.clear();
     m_isNameEnded = false;
     if (destination == RTFDestination::Picture)
         m_picture = {};
 }
 
-void RTFDestinationReading::takeWord(RTFReaderState& state, std::string_view name, RTFParameter parameter,
-                                     bool isOptional)
-{
-    switch (state.destination) {
-    case RTFDestination::FontTable:
-        if (!m_body.fonts.takeWord(name, parameter) && isOptional)
-            state.destination = RTFDestination::Nothing;
-        break;
-    case RTFDestination::ColorTable:
-        m_body.colors.takePlainWord(name, parameter);
-        break;
-    case RTFDestination::ExpandedColorTable:
-        m_body.colors.takeExpandedWord(name, parameter);
-        break;
-    case RTFDestination::ListTable:
-        state.listPart = m_body.lists.takeListWord(name, parameter, state.listPart);
-        if (isOptional && state.listPart != RTFListPart::Marker)
-            state.destination = RTFDestination::Nothing;
-        break;
-    case RTFDestination::ListNumberTable:
-        m_body.lists.takeNumberWord(name, parameter);
-        break;
-    case RTFDestination::Information:
-        takeInformationWord(state, name);
-        break;
-    case RTFDestination::Attachment:
-        m_isNameEnded = true;
-        break;
-    case RTFDestination::Picture:
-        if (isOptional)
-            state.destination = RTFDestination::Nothing;
-        else
-            m_picture.takeWord(name);
-        break;
-    default:
-        break;
-    }
-}
-
-void RTFDestinationReading::takeInformationWord(RTFReaderState& state, std::string_view name)
+bool RTFDestinationReading::beginInformation(std::string_view name)
 {
     const auto attribute = attributeOfInformation(name);
-    if (attribute.empty()) {
-        state.destination = RTFDestination::Nothing;
-        return;
-    }
-    begin(state, RTFDestination::InformationEntry);
+    if (attribute.empty())
+        return false;
+    begin(RTFDestination::InformationEntry);
     m_informationAttribute = attribute;
+    return true;
 }
 
-void RTFDestinationReading::takeText(const RTFReaderState& state, std::string_view text)
+bool RTFDestinationReading::takeWord(RTFDestination destination, RTFReaderState& state, std::string_view name,
+                                     RTFParameter parameter)
 {
-    switch (state.destination) {
+    switch (destination) {
+    case RTFDestination::FontTable:
+        return m_body.fonts.takeWord(name, parameter);
+    case RTFDestination::ColorTable:
+        m_body.colors.takePlainWord(name, parameter);
+        return true;
+    case RTFDestination::ExpandedColorTable:
+        m_body.colors.takeExpandedWord(name, parameter);
+        return true;
+    case RTFDestination::ListTable:
+        state.listPart = m_body.lists.takeListWord(name, parameter, state.listPart);
+        return state.listPart == RTFListPart::Marker;
+    case RTFDestination::ListNumberTable:
+        m_body.lists.takeNumberWord(name, parameter);
+        return true;
+    case RTFDestination::Attachment:
+        m_isNameEnded = true;
+        return true;
+    case RTFDestination::Picture:
+        return m_picture.takeWord(name);
+    default:
+        return false;
+    }
+}
+
+void RTFDestinationReading::takeText(RTFDestination destination, const RTFReaderState& state,
+                                     std::string_view text)
+{
+    switch (destination) {
     case RTFDestination::FontTable:
         return m_body.fonts.takeText(text);
     case RTFDestination::ColorTable:
@@ -92,43 +79,25 @@ void RTFDestinationReading::takeText(const RTFReaderState& state, std::string_vi
     }
 }
 
-void RTFDestinationReading::takeUnits(const RTFReaderState& state, std::u16string_view units)
-{
-    for (const auto unit : units) {
-        const bool isLead = (unit & 0xFC00U) == 0xD800;
-        const auto lead = std::exchange(m_leadUnit, isLead ? unit : char16_t{0});
-        if (isLead)
-            continue;
-        const bool isTrail = (unit & 0xFC00U) == 0xDC00;
-        const std::u16string character
-            = isTrail && lead != 0 ? std::u16string{lead, unit} : std::u16string{unit};
-        takeText(state, UTF8FromUTF16(character));
-    }
-}
-
-void RTFDestinationReading::takeBinary(const RTFReaderState& state, std::string_view data)
-{
-    if (state.destination == RTFDestination::Picture)
-        m_picture.takeBinary(data);
-}
-
-void RTFDestinationReading::endGroup(const RTFReaderState& ended, const RTFReaderState& outer)
+void RTFDestinationReading::endGroup(RTFDestination destination, const RTFReaderState& ended)
 {
     if (ended.isField)
         m_fieldLinks.pop_back();
-    if (ended.destination == RTFDestination::FontTable)
+    if (destination == RTFDestination::FontTable)
         m_body.fonts.endGroup();
-    if (!ended.endsDestination)
-        return;
-    switch (ended.destination) {
+}
+
+void RTFDestinationReading::end(RTFDestination destination, const RTFReaderState& state, bool isShown)
+{
+    switch (destination) {
     case RTFDestination::InformationEntry:
         return endInformation();
     case RTFDestination::FieldInstruction:
         return endInstruction();
     case RTFDestination::Attachment:
-        return endAttachment(outer);
+        return endAttachment(state, isShown);
     case RTFDestination::Picture:
-        return endPicture(outer);
+        return endPicture(state, isShown);
     default:
         return;
     }
@@ -163,22 +132,22 @@ void RTFDestinationReading::beginFieldResult(RTFReaderState& state) const
         state.run.link = m_fieldLinks.back();
 }
 
-void RTFDestinationReading::endAttachment(const RTFReaderState& outer)
+void RTFDestinationReading::endAttachment(const RTFReaderState& state, bool isShown)
 {
     auto name = std::exchange(m_collected, {});
     name.erase(name.find_last_not_of(" \t") + 1);
     const auto file = m_findMember(name);
-    if (file && outer.destination == RTFDestination::Text)
-        m_body.appendAttachment(NSTextAttachment::initWithFileWrapper(file), outer);
+    if (file && isShown)
+        m_body.appendAttachment(NSTextAttachment::initWithFileWrapper(file), state);
 }
 
-void RTFDestinationReading::endPicture(const RTFReaderState& outer)
+void RTFDestinationReading::endPicture(const RTFReaderState& state, bool isShown)
 {
     const auto extension = m_picture.fileExtension();
-    if (extension.empty() || outer.destination != RTFDestination::Text || outer.isHidden)
+    if (extension.empty() || !isShown)
         return;
     ++m_pictureCount;
     const auto file = NSFileWrapper::initRegularFileWithContents({m_picture.takeData()});
     file->setPreferredFilename(UTF16FromUTF8(fmt::format("Image {}.{}", m_pictureCount, extension)));
-    m_body.appendAttachment(NSTextAttachment::initWithFileWrapper(file), outer);
+    m_body.appendAttachment(NSTextAttachment::initWithFileWrapper(file), state);
 }

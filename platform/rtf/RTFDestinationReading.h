@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/rtf/RTFBodyReading.h"
+#include "platform/rtf/RTFDestination.h"
 #include "platform/rtf/RTFPicture.h"
 #include "platform/rtf/RTFReader.h"
 
@@ -18,17 +19,22 @@ public:
     {
     }
 
-    /// Makes the state's group a destination.
-    void begin(RTFReaderState& state, RTFDestination destination);
-    /// Takes a word, which `isOptional` tells to be passed over with its group when it is not known.
-    void takeWord(RTFReaderState& state, std::string_view name, RTFParameter parameter, bool isOptional);
+    void begin(RTFDestination destination);
+    /// Begins an entry of the description; whether it is one that is kept.
+    bool beginInformation(std::string_view name);
+    /// Takes a word; whether it is known. The state is that of the word's group.
+    bool takeWord(RTFDestination destination, RTFReaderState& state, std::string_view name,
+                  RTFParameter parameter);
     /// Takes text, UTF-8. Of attachments and pictures it is the bytes as they stand.
-    void takeText(const RTFReaderState& state, std::string_view text);
-    /// Takes UTF-16 units; pairs may come apart.
-    void takeUnits(const RTFReaderState& state, std::u16string_view units);
-    void takeBinary(const RTFReaderState& state, std::string_view data);
-    /// A group with the state `ended` has ended within, or as, a destination. `outer` is the state behind it.
-    void endGroup(const RTFReaderState& ended, const RTFReaderState& outer);
+    void takeText(RTFDestination destination, const RTFReaderState& state, std::string_view text);
+
+    void takePictureData(std::string_view data) { m_picture.takeBinary(data); }
+
+    /// A group within a destination has ended, whose state was `ended`.
+    void endGroup(RTFDestination destination, const RTFReaderState& ended);
+    /// The destination has ended. `state` is that of the text behind it, and `isShown` whether that is
+    /// shown.
+    void end(RTFDestination destination, const RTFReaderState& state, bool isShown);
 
     void beginField(RTFReaderState& state);
     /// Text of the field's result links to where its instruction said.
@@ -38,11 +44,10 @@ public:
     [[nodiscard]] NSAny::Dictionary takeInformation() { return std::move(m_information); }
 
 private:
-    void takeInformationWord(RTFReaderState& state, std::string_view name);
     void endInformation();
     void endInstruction();
-    void endAttachment(const RTFReaderState& outer);
-    void endPicture(const RTFReaderState& outer);
+    void endAttachment(const RTFReaderState& state, bool isShown);
+    void endPicture(const RTFReaderState& state, bool isShown);
 
     RTFBodyReading& m_body;
     const RTFMemberFinder& m_findMember;
@@ -53,8 +58,6 @@ private:
     bool m_isNameEnded = false;
     /// The links of the fields that are open.
     std::vector<std::size_t> m_fieldLinks;
-    /// The first half of a pair.
-    char16_t m_leadUnit = 0;
     RTFPicture m_picture;
     std::size_t m_pictureCount = 0;
 };

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::size_t kMostNameBytes = 256;
 constexpr int kRegularWeight = 5;
-constexpr std::int32_t kSymbolCharset = 2;
 
 std::string_view trimmed(std::string_view name)
 {
@@ -27,17 +26,10 @@ bool RTFFontReading::takeWord(std::string_view name, RTFParameter parameter)
     if (name == "f") {
         endName();
         m_number = parameter.valueOr(0);
-        m_codePages.beginFont(m_number);
     } else if (name == "froman") {
         m_described.kind = Kind::Serif;
     } else if (name == "fmodern") {
         m_described.kind = Kind::FixedPitch;
-    } else if (name == "fcharset") {
-        m_codePages.setCharset(parameter.valueOr(0));
-        if (parameter.valueOr(0) == kSymbolCharset && m_symbolFonts.size() < kMostRTFFonts)
-            m_symbolFonts.insert(m_number);
-    } else if (name == "cpg") {
-        m_codePages.setCodePage(parameter.valueOr(0));
     } else {
         return false;
     }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/rtf/RTFFonts.h"
 #include "platform/rtf/RTFParameter.h"
 #include "platform/text/NSFont.h"
 
@@ -9,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 
 /// The fonts of a document that is being read, from its table. A name is a PostScript name, as the platform
 /// writes it, or a family's, as others do. A font that is not there is Times, Courier or Helvetica, by its
@@ -22,16 +20,6 @@ public:
     void takeText(std::string_view text);
     /// Ends the name that has no semicolon.
     void endGroup();
-
-    /// Whether the font's bytes are no characters of a code page but symbols.
-    [[nodiscard]] bool isSymbolFont(std::optional<std::int32_t> number) const
-    {
-        return number && m_symbolFonts.contains(*number);
-    }
-
-    [[nodiscard]] RTFFonts& codePages() { return m_codePages; }
-
-    [[nodiscard]] const RTFFonts& codePages() const { return m_codePages; }
 
     /// The font of the number, or Helvetica without one, at a size in points. Traits are added to a face that
     /// has them not, where the family has one that does.
@@ -52,9 +40,7 @@ private:
     void endName();
     [[nodiscard]] static NSFont::Ref findFont(const Entry& entry);
 
-    RTFFonts m_codePages;
     std::unordered_map<std::int32_t, Entry> m_entries;
-    std::unordered_set<std::int32_t> m_symbolFonts;
     Entry m_described;
     std::int32_t m_number = 0;
 };

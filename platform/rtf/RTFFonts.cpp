@@ -1,12 +1,11 @@
 #include "platform/rtf/RTFFonts.h"
 
 #include "platform/rtf/RTFCodePages.h"
+#include "platform/rtf/RTFLimits.h"
 
 #include <limits>
 
 namespace {
-
-constexpr std::size_t kMostFonts = 10'000;
 
 bool isCodePage(std::int32_t number)
 {
@@ -34,7 +33,7 @@ void RTFFonts::setCodePage(std::int32_t codePage)
 
 void RTFFonts::describe(std::uint16_t codePage)
 {
-    if (m_codePages.size() < kMostFonts || m_codePages.contains(m_described))
+    if (m_codePages.size() < kMostRTFFonts || m_codePages.contains(m_described))
         m_codePages[m_described] = codePage;
 }
 

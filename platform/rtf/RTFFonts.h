@@ -11,6 +11,8 @@ public:
 
     void setDefaultFont(std::int32_t font) { m_defaultFont = font; }
 
+    [[nodiscard]] std::int32_t defaultFont() const { return m_defaultFont; }
+
     /// Begins the description of a font; the setters below belong to it.
     void beginFont(std::int32_t font) { m_described = font; }
 

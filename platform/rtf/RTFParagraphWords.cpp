@@ -28,7 +28,6 @@ void setOutlineLevel(Format& format, std::int32_t level)
 }
 
 constexpr std::array kWords{
-    RTFParagraphWord{"pard", [](Format& f, Parameter /*p*/) { f = Format(); }},
     RTFParagraphWord{"tx", [](Format& f, Parameter p) { addTab(f, p.valueOr(0)); }},
     RTFParagraphWord{"tqr", [](Format& f, Parameter /*p*/) { f.nextTabKind = RTFTabKind::Right; }},
     RTFParagraphWord{"tqc", [](Format& f, Parameter /*p*/) { f.nextTabKind = RTFTabKind::Center; }},

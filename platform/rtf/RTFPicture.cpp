@@ -13,12 +13,15 @@ std::int32_t digitValue(char byte)
 
 } // namespace
 
-void RTFPicture::takeWord(std::string_view name)
+bool RTFPicture::takeWord(std::string_view name)
 {
     if (name == "pngblip")
         m_kind = Kind::PNG;
     else if (name == "jpegblip")
         m_kind = Kind::JPEG;
+    else
+        return false;
+    return true;
 }
 
 void RTFPicture::takeText(std::string_view text)

@@ -8,8 +8,8 @@
 /// A picture within a document, as other programs write them.
 class RTFPicture {
 public:
-    /// Takes a word of the picture's group.
-    void takeWord(std::string_view name);
+    /// Takes a word of the picture's group; whether it is known.
+    bool takeWord(std::string_view name);
     /// Takes hexadecimal digits; everything else is passed over.
     void takeText(std::string_view text);
     void takeBinary(std::string_view data);

@@ -17,9 +17,6 @@ struct RTFDocument {
     NSAny::Dictionary attributes;
 };
 
-/// Whether bytes begin as RTF does, behind a byte-order mark and blanks.
-[[nodiscard]] bool isRTF(std::string_view bytes);
-
 /// Reads a document, any bytes; nothing when they do not begin as RTF does. A document that is cut off gives
 /// what is there. `keepsMarkers` tells whether the markers of lists are part of the text. Costs time and
 /// memory in proportion to the bytes, within the bounds of RTFLimits.h.

@@ -1,6 +1,5 @@
 #include "platform/rtf/RTFTextAssembly.h"
 
-#include "platform/foundation/Unicode.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSAttributedStringBuilder.h"
 
@@ -9,17 +8,6 @@
 #include <utility>
 
 namespace {
-
-void replaceUnpairedSurrogates(std::u16string& text)
-{
-    const auto kind = [](char16_t unit) { return unit & 0xFC00U; };
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        if (kind(text[index]) == 0xD800 && index + 1 < text.size() && kind(text[index + 1]) == 0xDC00)
-            ++index;
-        else if (kind(text[index]) == 0xD800 || kind(text[index]) == 0xDC00)
-            text[index] = char16_t{kReplacementCharacter};
-    }
-}
 
 /// Attributes together with paragraph styles, and styles together with cells: each pair is made once.
 class Combinations {
@@ -98,7 +86,6 @@ void RTFTextAssembly::endParagraph(const NSParagraphStyle::Ref& style, std::int3
 
 NSAttributedString RTFTextAssembly::finish(const RTFTableReading& tables)
 {
-    replaceUnpairedSurrogates(m_characters);
     const std::u16string_view characters = m_characters;
     Combinations combinations(tables);
     NSAttributedStringBuilder builder;

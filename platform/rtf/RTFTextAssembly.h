@@ -22,7 +22,7 @@ public:
     /// Whether there are characters behind the last paragraph's end.
     [[nodiscard]] bool hasOpenParagraph() const { return m_characters.size() > m_paragraphStart; }
 
-    /// The text. Unpaired surrogates become U+FFFD.
+    /// The text.
     [[nodiscard]] NSAttributedString finish(const RTFTableReading& tables);
 
 private:

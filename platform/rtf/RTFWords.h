@@ -1,35 +1,24 @@
 #pragma once
 
-#include <span>
-#include <string_view>
+#include "platform/rtf/RTFCharacterWords.h"
+#include "platform/rtf/RTFDestination.h"
+#include "platform/rtf/RTFDocumentReading.h"
+#include "platform/rtf/RTFParagraphWords.h"
+#include "platform/rtf/RTFRowFormat.h"
 
-/// What a control word means to a reader that is after the text.
+#include <string_view>
+#include <variant>
+
+/// What a control word does to the characters of a document, whoever reads them.
 enum class RTFAction {
-    /// Formatting, or a word that is not known.
-    None,
-    /// Stands for the character in `character`.
+    /// Stands for the character that is its value.
     Character,
-    /// Ends a paragraph, a section or a cell.
-    LineEnd,
-    /// The group holds nothing of the text.
-    SkipGroup,
-    /// The group is part of the text, on lines of its own.
-    TextGroup,
-    /// The group is part of the text, even when marked as one that may be skipped.
-    InlineGroup,
-    /// The group holds the document's description.
-    InformationGroup,
-    /// Within it, the group holds the entry named in `fieldName`.
-    InformationEntry,
-    /// The group holds the fonts.
-    FontTable,
-    /// The group holds a text in a code page, then the same in Unicode.
-    AlternativesGroup,
-    UnicodeAlternative,
-    /// The group names an attached file; a placeholder byte follows it.
-    AttachmentGroup,
     UnicodeCharacter,
     UnicodeSkipCount,
+    /// The group is read for what it holds, also when it may be passed over.
+    OpenGroup,
+    AlternativesGroup,
+    UnicodeAlternative,
     Font,
     AssociatedFont,
     FontCharset,
@@ -38,22 +27,37 @@ enum class RTFAction {
     MainFontRun,
     AssociatedFontRun,
     AnsiCodePage,
-    MacintoshCharacters,
-    PCCharacters,
-    PCInternationalCharacters,
+    /// The document's code page is the value.
+    CodePage,
     Hidden,
     Plain,
 };
 
-struct RTFWord {
-    std::string_view name;
-    RTFAction action = RTFAction::None;
-    char32_t character = 0;
-    std::string_view fieldName{};
+struct RTFCharacterAction {
+    RTFAction action = RTFAction::OpenGroup;
+    char32_t value = 0;
 };
+
+/// What a control word does to the text that is made of the characters.
+enum class RTFBodyAction {
+    Field,
+    FieldResult,
+    KernSwitch,
+    ParagraphStart,
+    ParagraphEnd,
+    CellEnd,
+    NestedCellEnd,
+    RowStart,
+    RowEnd,
+    NestedRowEnd,
+};
+
+/// How the text looks from here.
+using RTFFormatChange = std::variant<RTFCharacterChange, RTFParagraphChange, RTFRowChange, RTFDocumentChange>;
+
+/// The meaning of a control word; RTFDestination: its group goes there. Nothing for one that is not known.
+using RTFWord
+    = std::variant<std::monostate, RTFCharacterAction, RTFBodyAction, RTFDestination, RTFFormatChange>;
 
 /// The meaning of a control word by its name, in which case matters.
 [[nodiscard]] const RTFWord& meaningOfRTFWord(std::string_view name);
-
-/// All words that have a meaning.
-[[nodiscard]] std::span<const RTFWord> textWords();

@@ -7,6 +7,7 @@
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSParagraphStyle.h"
 #include "platform/text/NSTextTable.h"
+#include "tests/rtf/RandomRTF.h"
 
 #include <gmock/gmock.h>
 
@@ -159,59 +160,9 @@ TEST(RTFHostile, SurvivesWordsAndNamesOfAnyLength)
 
 TEST(RTFHostile, RefusesNothingThatBeginsAsRichText)
 {
-    constexpr std::string_view kPieces[] = {"{",
-                                            "}",
-                                            "\\par",
-                                            "\\pard",
-                                            "\\intbl",
-                                            "\\itap2",
-                                            "\\cell",
-                                            "\\nestcell",
-                                            "\\row",
-                                            "\\nestrow",
-                                            "\\trowd",
-                                            "\\cellx9",
-                                            "\\clvmrg",
-                                            "\\clmrg",
-                                            "\\lastrow",
-                                            "\\u8804 ",
-                                            "\\uc2",
-                                            "\\'e9",
-                                            "\\*",
-                                            "{\\*\\x ",
-                                            "{\\fonttbl",
-                                            "{\\colortbl",
-                                            "{\\*\\expandedcolortbl",
-                                            "{\\*\\listtable",
-                                            "{\\list",
-                                            "{\\listlevel",
-                                            "{\\leveltext",
-                                            "{\\*\\listoverridetable",
-                                            "\\ls1",
-                                            "\\listid1",
-                                            "{\\field",
-                                            "{\\*\\fldinst ",
-                                            "{\\fldrslt ",
-                                            "{\\info",
-                                            "{\\title ",
-                                            "{\\upr",
-                                            "{\\*\\ud ",
-                                            "{\\pict\\pngblip ",
-                                            "{\\NeXTGraphic ",
-                                            "\\bin3 ",
-                                            "text;",
-                                            "\xAC",
-                                            "\\f0",
-                                            "\\fcharset128",
-                                            "\\plain",
-                                            "\\v",
-                                            "\\tx9"};
     std::mt19937 random(7);
-    std::uniform_int_distribution<std::size_t> choose(0, std::size(kPieces) - 1);
     for (int round = 0; round < 3'000; ++round) {
-        std::string document = "{\\rtf1\\cocoartf1";
-        for (int piece = 0; piece < 60; ++piece)
-            document += kPieces[choose(random)];
+        const auto document = randomRTF(random, 60);
         const auto text = Formats::initWithRTF({document});
         ASSERT_TRUE(text) << document;
         EXPECT_LE(text->length(), document.size());

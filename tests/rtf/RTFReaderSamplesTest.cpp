@@ -1,15 +1,13 @@
 #include "platform/foundation/NSString.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/rtf/NSAttributedStringRTF.h"
+#include "platform/text/NSAttributeNames.h"
+#include "tests/rtf/RTFSampleFiles.h"
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
-#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -17,42 +15,13 @@ namespace {
 
 namespace Formats = NSAttributedStringDocumentFormats;
 
-std::string bytesOf(const fs::path& path)
-{
-    std::ostringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
-}
-
-/// Documents and packages.
-std::vector<fs::path> samples()
-{
-    std::vector<fs::path> found;
-    const fs::path root = fs::path(CORVEL_SAMPLES_DIR) / "rtf";
-    if (!fs::is_directory(root))
-        return found;
-    for (const auto& entry : fs::recursive_directory_iterator(root)) {
-        const bool isInPackage = entry.path().parent_path().extension() == ".rtfd";
-        if (!isInPackage && (entry.path().extension() == ".rtf" || entry.path().extension() == ".rtfd"))
-            found.push_back(entry.path());
-    }
-    std::sort(found.begin(), found.end());
-    return found;
-}
-
-fs::path expectationFor(const fs::path& sample)
-{
-    return sample.extension() == ".rtfd" ? fs::path(sample.native() + ".txt")
-                                         : fs::path(sample).replace_extension(".txt");
-}
-
-std::optional<NSAttributedString> readSample(const fs::path& sample)
+std::optional<NSAttributedString> readSample(const fs::path& sample, NSError* error = nullptr)
 {
     if (sample.extension() == ".rtf")
-        return Formats::initWithRTF({bytesOf(sample)});
+        return Formats::initWithRTF({bytesOfFile(sample)}, nullptr, error);
     const auto package = NSFileWrapper::initWithURL(NSURL::fileURLWithPath(sample.native()),
                                                     NSFileWrapperReadingOptions::Immediate);
-    return package ? Formats::initWithRTFDFileWrapper(*package) : std::nullopt;
+    return package ? Formats::initWithRTFDFileWrapper(*package, nullptr, error) : std::nullopt;
 }
 
 std::u16string charactersOf(const NSAttributedString& text)
@@ -78,36 +47,44 @@ NSAttributedString throughRTFD(const NSAttributedString& text)
 
 TEST(RTFReaderSamples, HaveTheTextThatIsExpected)
 {
-    const auto all = samples();
+    const auto all = rtfSamples();
     if (all.empty())
         GTEST_SKIP() << "no sample files under " CORVEL_SAMPLES_DIR;
     for (const auto& sample : all) {
-        const auto expectation = expectationFor(sample);
+        const auto expectation = rtfSampleExpectation(sample);
         if (!fs::exists(expectation))
             continue;
         const auto text = readSample(sample);
         ASSERT_TRUE(text) << sample;
-        EXPECT_EQ(trimmed(UTF8FromUTF16(text->string())), trimmed(bytesOf(expectation))) << sample;
+        EXPECT_EQ(trimmed(UTF8FromUTF16(text->string())), trimmed(bytesOfFile(expectation))) << sample;
     }
 }
 
 TEST(RTFReaderSamples, AreReadOrRefusedWithAReason)
 {
-    const auto all = samples();
+    const auto all = rtfSamples();
     if (all.empty())
         GTEST_SKIP() << "no sample files under " CORVEL_SAMPLES_DIR;
     for (const auto& sample : all) {
-        if (sample.extension() != ".rtf")
-            continue;
         NSError error;
-        const auto text = Formats::initWithRTF({bytesOf(sample)}, nullptr, &error);
+        const auto text = readSample(sample, &error);
         EXPECT_TRUE(text || error.code() == static_cast<int>(NSCocoaError::FileReadCorruptFile)) << sample;
     }
 }
 
+TEST(RTFReaderSamples, TakeNoFilesByNamesThatLeaveThePackage)
+{
+    const auto sample = fs::path(CORVEL_SAMPLES_DIR) / "rtf" / "hostile" / "bad_names.rtfd";
+    if (!fs::exists(sample))
+        GTEST_SKIP() << "no sample files under " CORVEL_SAMPLES_DIR;
+    const auto text = readSample(sample);
+    ASSERT_TRUE(text);
+    EXPECT_EQ(text->string().find(NSAttachmentCharacter), std::u16string_view::npos);
+}
+
 TEST(RTFReaderSamples, StayTheSameWhenWrittenAndReadAgain)
 {
-    const auto all = samples();
+    const auto all = rtfSamples();
     if (all.empty())
         GTEST_SKIP() << "no sample files under " CORVEL_SAMPLES_DIR;
     for (const auto& sample : all) {

@@ -108,6 +108,8 @@ TEST(RTFText, LeavesOutWhatIsNoText)
         {"{\\rtf1 a{\\*\\cs7 b}c\\*\\cs7 d}", "acd"},
         {"{\\rtf1 a{{\\NeXTGraphic x.png \\width10\n}\xAC}b\xAC}", "a\uFFFCb¬"},
         {"{\\rtf1{\\object{\\*\\objdata 00}{\\result shown}}}", "shown"},
+        {"{\\rtf1{\\generator Word;}{\\listtable{\\list{\\listname n;}}}text}", "text"},
+        {"{\\rtf1 a{\\v{{\\NeXTGraphic x.png}\xAC}}b}", "ab"},
     });
     for (const auto& example : kCases)
         EXPECT_EQ(textOf(example.rtf), example.text) << example.rtf;
@@ -135,6 +137,46 @@ TEST(RTFText, ReadsDescription)
     EXPECT_EQ(result.fields[0].value, "Té");
     EXPECT_EQ(result.fields[1].value, "A");
     EXPECT_EQ(result.fields[2].value, "k, l");
+}
+
+TEST(RTFText, ReadsDescriptionInUnicodeWhereThereAreBoth)
+{
+    const auto result = readRTFText(
+        "{\\rtf1{\\info{\\upr{\\title ?}{\\*\\ud{\\title \\u12478\\'3f}}}{\\author A{\\*\\unknown B}}}x}",
+        [](std::string_view) { return true; });
+    ASSERT_EQ(result.fields.size(), 2U);
+    EXPECT_EQ(result.fields[0].value, "\u30BE");
+    EXPECT_EQ(result.fields[1].value, "A");
+}
+
+TEST(RTFText, TakesCodePagesOfTheDocumentFromItsTextOnly)
+{
+    EXPECT_EQ(textOf("{\\rtf1{\\*\\listtable\\ansicpg1251}{\\*\\unknown\\mac}\\'e9}"), "\u00E9");
+}
+
+TEST(RTFText, PairsHalvesOfCharactersAcrossGroups)
+{
+    EXPECT_EQ(textOf("{\\rtf1{\\u55357?}{\\b\\u56832?}}"), "\U0001F600");
+    EXPECT_EQ(textOf("{\\rtf1\\u55357?\\par\\u56832?}"), "\uFFFD\n\uFFFD");
+    EXPECT_EQ(textOf("{\\rtf1\\u55357?{\\fonttbl x;}\\u56832?}"), "\uFFFD\uFFFD");
+}
+
+TEST(RTFText, ComesInPiecesHoweverFewWordsThereAre)
+{
+    constexpr std::size_t kLargestPiece = 200'000;
+    constexpr std::size_t kCount = 300'000;
+    for (const auto* const character : {"\\'e9", "\\u233?"}) {
+        std::string rtf = "{\\rtf1 ";
+        for (std::size_t count = 0; count < kCount; ++count)
+            rtf += character;
+        std::size_t length = 0;
+        (void)readRTFText(rtf, [&length, kLargestPiece](std::string_view piece) {
+            EXPECT_LE(piece.size(), kLargestPiece);
+            length += piece.size();
+            return true;
+        });
+        EXPECT_EQ(length, 2 * kCount);
+    }
 }
 
 TEST(RTFText, PassesOverBinaryData)

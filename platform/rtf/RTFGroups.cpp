@@ -1,21 +1,21 @@
-#include "platform/rtf/RTFReaderState.h"
+#include "platform/rtf/RTFGroups.h"
 
 #include "platform/rtf/RTFLimits.h"
 
 #include <utility>
 
-void RTFReaderStates::begin()
+bool RTFGroups::begin()
 {
     if (m_outer.size() >= kMostRTFStates) {
         ++m_uncounted;
-        return;
+        return false;
     }
     m_outer.push_back(m_current);
-    m_current.endsDestination = false;
-    m_current.isField = false;
+    m_current.begun.reset();
+    return true;
 }
 
-std::optional<RTFReaderState> RTFReaderStates::end()
+std::optional<RTFGroup> RTFGroups::end()
 {
     if (m_uncounted > 0) {
         --m_uncounted;
@@ -23,7 +23,7 @@ std::optional<RTFReaderState> RTFReaderStates::end()
     }
     if (m_outer.empty())
         return std::nullopt;
-    auto ended = std::exchange(m_current, std::move(m_outer.back()));
+    const auto ended = std::exchange(m_current, m_outer.back());
     m_outer.pop_back();
     return ended;
 }
