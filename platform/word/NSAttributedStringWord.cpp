@@ -3,8 +3,10 @@
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/NSLog.h"
 #include "platform/foundation/Unicode.h"
+#include "platform/text/NSDocumentAttributes.h"
 #include "platform/types/UTType.h"
 #include "platform/word/WordDocumentReader.h"
+#include "platform/word/WordDocumentWriter.h"
 
 #include <cerrno>
 #include <exception>
@@ -116,4 +118,22 @@ std::optional<NSAttributedString> NSAttributedStringDocumentFormats::initWithURL
     }
     logCuts(content, path);
     return std::move(document.text);
+}
+
+std::optional<NSData>
+NSAttributedStringDocumentFormats::WordDocumentFromRange(const NSAttributedString& text, NSRange range,
+                                                         const NSAny::Dictionary& documentAttributes,
+                                                         NSError* error)
+{
+    const auto type = documentAttributes.find(NSDocumentTypeDocumentAttribute);
+    const bool isMeant = type == documentAttributes.end()
+        || (type->second.string() && *type->second.string() == NSOfficeOpenXMLTextDocumentType);
+    if (!isMeant) {
+        setError(error,
+                 NSError::errorWithCode(NSCocoaError::FileWriteInapplicableStringEncoding,
+                                        "Word documents are written as such only"));
+        return std::nullopt;
+    }
+    auto bytes = wordDocument(text, range, documentAttributes, error);
+    return bytes ? std::optional(NSData{std::move(*bytes)}) : std::nullopt;
 }

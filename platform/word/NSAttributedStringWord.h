@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// Attributed strings out of Word documents.
+/// Attributed strings out of Word documents and into them.
 namespace NSAttributedStringDocumentFormats {
 
 /// The text of a Word document in Office Open XML (docx, docm, dotx, dotm, of either conformance), any bytes.
@@ -42,5 +42,24 @@ initWithWordDocument(const NSURL& url, NSAny::Dictionary* documentAttributes = n
 /// NSPOSIXErrorDomain), or is damaged or encrypted or holds no document (`error` is FileReadCorruptFile of
 /// NSCocoaErrorDomain).
 [[nodiscard]] std::optional<NSAttributedString> initWithURL(const NSURL& url, NSError* error = nullptr);
+
+/// A range of the text as a Word document in Office Open XML (docx). docs/word.md says what is kept and what
+/// becomes of the rest. The same text and attributes give the same bytes.
+///
+/// Paragraphs with a header level are headings. The markers that items of lists begin with, between tabs,
+/// give way to numbering; a list's paragraph without one is no item, unless
+/// `NSTextList::includesTextListMarkers()` is false. Cells are tables. Pictures (PNG, JPEG, GIF, TIFF, BMP,
+/// WebP and SVG, by their bytes) are in the document; of other attachments only the file's name is, as text.
+/// Links are those of the web, of mail, of files to be fetched, of telephones and of maps; text with others
+/// is text. What XML cannot hold is left out (control characters) or becomes U+FFFD (unpaired surrogates,
+/// U+FFFE, U+FFFF).
+///
+/// Of `documentAttributes` the document gets what it says of itself, the paper's size, the margins and the
+/// tab interval. None for a document type other than NSOfficeOpenXMLTextDocumentType
+/// (FileWriteInapplicableStringEncoding of NSCocoaErrorDomain), and when memory is short (ENOMEM of
+/// NSPOSIXErrorDomain).
+[[nodiscard]] std::optional<NSData> WordDocumentFromRange(const NSAttributedString& text, NSRange range,
+                                                          const NSAny::Dictionary& documentAttributes = {},
+                                                          NSError* error = nullptr);
 
 } // namespace NSAttributedStringDocumentFormats

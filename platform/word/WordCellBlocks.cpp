@@ -1,18 +1,11 @@
 #include "platform/word/WordCellBlocks.h"
 
+#include "platform/word/WordColors.h"
+
 namespace {
 
 /// What cells have to their sides where a document does not say.
 constexpr double kUsualPadding = 5.4;
-constexpr double kMostChannel = 255;
-
-NSColor::Ref colorOf(const WordColor& color)
-{
-    const auto channel = [&color](unsigned shift) {
-        return static_cast<double>((color.rgb >> shift) & 0xFFU) / kMostChannel;
-    };
-    return NSColor::colorWithSRGBRed(channel(16), channel(8), channel(0), 1);
-}
 
 bool isAtSide(NSRectEdge edge)
 {
@@ -62,11 +55,11 @@ NSTextTableBlock::Ref WordCellBlocks::block(const WordCellPlace& place, const Wo
             continue;
         block->setWidth({border->width}, NSTextBlockLayer::Border, edge);
         if (!border->color.isAutomatic)
-            block->setBorderColor(colorOf(border->color), edge);
+            block->setBorderColor(colorOfWordColor(border->color), edge);
     }
     const auto shading = cell.shading ? cell.shading : m_properties.shading;
     if (shading && !shading->isAutomatic)
-        block->setBackgroundColor(colorOf(*shading));
+        block->setBackgroundColor(colorOfWordColor(*shading));
     if (cell.width)
         block->setContentWidth(*cell.width);
     block->setVerticalAlignment(cell.verticalAlignment.value_or(

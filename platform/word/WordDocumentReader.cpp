@@ -24,6 +24,7 @@ struct Definitions {
     WordFonts fonts;
     WordStyles styles;
     WordNumbering numbering;
+    WordSettings settings;
 };
 
 void readDefinition(OfficePackage& package, const Relationships& relationships, std::string_view kind,
@@ -47,6 +48,8 @@ void readDefinitions(OfficePackage& package, const Relationships& relationships,
     WordNumberingHandler numbering(definitions.numbering, definitions.theme);
     readDefinition(package, relationships, "numbering", numbering);
     numbering.resolve(definitions.styles);
+    WordSettingsHandler settings(definitions.settings);
+    readDefinition(package, relationships, "settings", settings);
 }
 
 /// Reads the parts around the body, and adds their text to it.
@@ -152,7 +155,11 @@ ReadResult readDocument(OfficePackage& package, const std::string& mainPart, Con
     readDefinitions(package, parts, definitions);
     WordLists lists(definitions.numbering);
     WordTextAttributes attributes(definitions.fonts);
-    WordDocumentState state{definitions.theme, {definitions.styles, lists, attributes, sink, 0}, {}, {}, {}};
+    WordDocumentState state{definitions.theme,
+                            {definitions.styles, definitions.settings, lists, attributes, sink, 0},
+                            {},
+                            {},
+                            {}};
 
     const WordRelationships relationships(package, mainPart);
     WordStoryHandler body(state, relationships);

@@ -19,8 +19,8 @@ struct Sign {
     std::u16string_view format;
 };
 
-// A circle is no bullet here: in notes it is a box to tick.
-constexpr std::array<Sign, 29> kSigns{{
+// A circle is no bullet here: in notes it is a box to tick, which in documents is a ballot box.
+constexpr std::array<Sign, 31> kSigns{{
     {0x00B7, NSTextListMarkerDisc},
     {0x2022, NSTextListMarkerDisc},
     {0x25CF, NSTextListMarkerDisc},
@@ -43,7 +43,9 @@ constexpr std::array<Sign, 29> kSigns{{
     {0xF075, NSTextListMarkerDiamond},
     {0xF076, NSTextListMarkerDiamond},
     {0x25A1, NSTextListMarkerBox},
-    {0x2610, NSTextListMarkerBox},
+    {0x2610, NSTextListMarkerCircle},
+    {0x2611, NSTextListMarkerCheck},
+    {0x2612, NSTextListMarkerCheck},
     {0xF0A8, NSTextListMarkerBox},
     {0xF06F, NSTextListMarkerBox},
     {0xF071, NSTextListMarkerBox},

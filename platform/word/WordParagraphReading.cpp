@@ -62,18 +62,13 @@ void readLine(WordParagraphProperties& properties, const XMLAttributes& attribut
     properties.line = wordLength(attributes.value("line"), isMultiple ? kUnitsPerLine : 20);
 }
 
-bool isOn(std::string_view value)
-{
-    return value == "1" || value == "true" || value == "on";
-}
-
 void readSpacing(WordParagraphProperties& properties, const XMLAttributes& attributes)
 {
     readLength(properties.spacingBefore, attributes.value("before"));
     readLength(properties.spacingAfter, attributes.value("after"));
-    if (isOn(attributes.value("beforeAutospacing")))
+    if (isWordValueOn(attributes.value("beforeAutospacing")))
         properties.spacingBefore = kAutomaticSpacing;
-    if (isOn(attributes.value("afterAutospacing")))
+    if (isWordValueOn(attributes.value("afterAutospacing")))
         properties.spacingAfter = kAutomaticSpacing;
     if (!attributes.value("line").empty())
         readLine(properties, attributes);

@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr double kDefaultTabInterval = 36;
 /// Where the marker stands behind the line's start.
 constexpr double kFirstListTab = 11;
 
@@ -80,7 +79,7 @@ void setLineHeight(NSMutableParagraphStyle& style, const WordParagraphProperties
 } // namespace
 
 NSMutableParagraphStyle wordParagraphStyle(const WordParagraphProperties& properties, NSInteger headerLevel,
-                                           const NSParagraphStyle::TextLists& lists)
+                                           const NSParagraphStyle::TextLists& lists, double tabInterval)
 {
     NSMutableParagraphStyle style;
     style.setAlignment(alignmentOf(properties));
@@ -90,7 +89,7 @@ NSMutableParagraphStyle wordParagraphStyle(const WordParagraphProperties& proper
     style.setParagraphSpacing(std::max(properties.spacingAfter.value_or(0), 0.0));
     style.setHeaderLevel(headerLevel);
     style.setTabStops(tabStopsOf(properties));
-    style.setDefaultTabInterval(kDefaultTabInterval);
+    style.setDefaultTabInterval(tabInterval);
     style.setTextLists(lists);
     setLineHeight(style, properties);
     setIndents(style, properties);

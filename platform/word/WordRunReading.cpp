@@ -1,5 +1,7 @@
 #include "platform/word/WordRunReading.h"
 
+#include "platform/word/WordUnderlines.h"
+
 #include <algorithm>
 #include <array>
 
@@ -9,50 +11,9 @@ constexpr double kHalfPointsPerPoint = 2;
 constexpr double kMostFontSize = 1638;
 constexpr std::size_t kMostFamilyBytes = 128;
 
-struct Underline {
-    std::string_view name;
-    int style;
-};
-
-constexpr int kByWord = 0x8000;
-constexpr int kDotted = 0x100;
-constexpr int kDashed = 0x200;
-constexpr int kDashDotted = 0x300;
-constexpr int kDashDotDotted = 0x400;
-constexpr int kSingle = 1;
-constexpr int kThick = 2;
-constexpr int kDouble = 9;
-
-// Waves have no counterpart; they become lines of their weight.
-constexpr std::array<Underline, 18> kUnderlines{{{"none", 0},
-                                                 {"single", kSingle},
-                                                 {"words", kSingle | kByWord},
-                                                 {"double", kDouble},
-                                                 {"thick", kThick},
-                                                 {"dotted", kSingle | kDotted},
-                                                 {"dottedHeavy", kThick | kDotted},
-                                                 {"dash", kSingle | kDashed},
-                                                 {"dashedHeavy", kThick | kDashed},
-                                                 {"dashLong", kSingle | kDashed},
-                                                 {"dashLongHeavy", kThick | kDashed},
-                                                 {"dotDash", kSingle | kDashDotted},
-                                                 {"dashDotHeavy", kThick | kDashDotted},
-                                                 {"dotDotDash", kSingle | kDashDotDotted},
-                                                 {"dashDotDotHeavy", kThick | kDashDotDotted},
-                                                 {"wave", kSingle},
-                                                 {"wavyHeavy", kThick},
-                                                 {"wavyDouble", kDouble}}};
-
-int underlineNamed(std::string_view name)
-{
-    const auto* const found = std::find_if(kUnderlines.begin(), kUnderlines.end(),
-                                           [name](const Underline& row) { return row.name == name; });
-    return found == kUnderlines.end() ? kSingle : found->style;
-}
-
 void readUnderline(WordRunProperties& properties, const XMLAttributes& attributes, const WordTheme& theme)
 {
-    properties.underline = underlineNamed(attributes.value("val"));
+    properties.underline = wordUnderlineNamed(attributes.value("val"));
     if (const auto color = theme.color(attributes, WordColorUse::Line))
         properties.underlineColor = color;
 }

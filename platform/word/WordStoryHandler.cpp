@@ -15,11 +15,6 @@ constexpr char16_t kLineSeparator = 0x2028;
 constexpr char16_t kNoBreakHyphen = 0x2011;
 constexpr char16_t kSoftHyphen = 0x00AD;
 
-bool isOn(std::string_view value)
-{
-    return value == "1" || value == "true" || value == "on";
-}
-
 std::string address(std::string_view text)
 {
     return std::string(text.size() <= kMostAddressBytes ? text : std::string_view());
@@ -103,7 +98,7 @@ bool WordStoryHandler::startReference(Role role, const XMLAttributes& attributes
 {
     const auto refer = [&](WordNoteKind kind) {
         // The text has a mark of its own.
-        if (!isOn(attributes.value("customMarkFollows")))
+        if (!isWordValueOn(attributes.value("customMarkFollows")))
             story().appendMark(m_document.noteNumbers.markForReference(kind, attributes.value("id")));
     };
     switch (role) {

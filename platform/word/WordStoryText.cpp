@@ -126,7 +126,7 @@ void WordStoryText::endParagraph()
     settle();
     WordTextLook look{m_base, {}, {}};
     look.properties.overrideWith(m_markProperties);
-    auto style = wordParagraphStyle(m_properties, m_headerLevel, m_lists);
+    auto style = wordParagraphStyle(m_properties, m_headerLevel, m_lists, m_reading.settings.tabInterval);
     const bool isNew = !m_lastStyle || !m_lastStyle->isEqual(style);
     if (isNew && m_reading.paragraphStyleCount < kMostParagraphStyles) {
         ++m_reading.paragraphStyleCount;

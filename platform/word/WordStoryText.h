@@ -3,6 +3,7 @@
 #include "platform/word/WordLinks.h"
 #include "platform/word/WordLists.h"
 #include "platform/word/WordPropertyReader.h"
+#include "platform/word/WordSettings.h"
 #include "platform/word/WordStyles.h"
 #include "platform/word/WordTables.h"
 #include "platform/word/WordTextBuilder.h"
@@ -15,6 +16,7 @@
 /// What all texts of a document are read with.
 struct WordReading {
     const WordStyles& styles;
+    const WordSettings& settings;
     WordLists& lists;
     WordTextAttributes& attributes;
     ContentSink& sink;

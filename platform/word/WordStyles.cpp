@@ -74,8 +74,7 @@ void WordStylesHandler::beginStyle(const XMLAttributes& attributes)
     m_isInStyle = true;
     m_current = {};
     m_current.identifier = attributes.value("styleId");
-    const auto isDefault = attributes.value("default");
-    if (isDefault != "1" && isDefault != "true" && isDefault != "on")
+    if (!isWordValueOn(attributes.value("default")))
         return;
     const auto type = attributes.value("type");
     if (type == "paragraph")

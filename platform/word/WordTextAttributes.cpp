@@ -2,7 +2,8 @@
 
 #include "platform/foundation/Unicode.h"
 #include "platform/text/NSAttributeNames.h"
-#include "platform/text/NSColor.h"
+#include "platform/word/WordColors.h"
+#include "platform/word/WordUnderlines.h"
 
 #include <utility>
 
@@ -13,9 +14,6 @@ constexpr std::string_view kUsualFamily = "Times New Roman";
 constexpr double kUsualSize = 10;
 constexpr std::size_t kMostKept = 2'000;
 constexpr std::size_t kMostMade = 50'000;
-constexpr double kMostChannel = 255;
-constexpr int kSingleLine = 1;
-constexpr int kDoubleLine = 9;
 
 struct ScriptRange {
     char16_t first;
@@ -31,16 +29,6 @@ constexpr std::array<ScriptRange, 8> kScriptRanges{{{0x0590, 0x08FF, WordScript:
                                                     {0xF900, 0xFAFF, WordScript::EastAsian},
                                                     {0xFB1D, 0xFDFF, WordScript::Complex},
                                                     {0xFE70, 0xFEFC, WordScript::Complex}}};
-
-NSColor::Ref colorOf(const std::optional<WordColor>& color)
-{
-    if (!color || color->isAutomatic)
-        return nullptr;
-    const auto channel = [&color](unsigned shift) {
-        return static_cast<double>((color->rgb >> shift) & 0xFFU) / kMostChannel;
-    };
-    return NSColor::colorWithSRGBRed(channel(16), channel(8), channel(0), 1);
-}
 
 /// A URL; a text when it is none.
 NSAny linkValue(const std::string& address)
@@ -59,12 +47,12 @@ void setLines(NSAttributes& attributes, const WordRunProperties& properties)
 {
     if (const auto underline = properties.underline.value_or(0); underline != 0) {
         set(attributes, NSUnderlineStyleAttributeName, underline);
-        set(attributes, NSUnderlineColorAttributeName, NSAny(colorOf(properties.underlineColor)));
+        set(attributes, NSUnderlineColorAttributeName, NSAny(colorOfWordColor(properties.underlineColor)));
     }
     if (properties.isDoubleStruck.value_or(false))
-        set(attributes, NSStrikethroughStyleAttributeName, kDoubleLine);
+        set(attributes, NSStrikethroughStyleAttributeName, kWordDoubleLine);
     else if (properties.isStruck.value_or(false))
-        set(attributes, NSStrikethroughStyleAttributeName, kSingleLine);
+        set(attributes, NSStrikethroughStyleAttributeName, kWordSingleLine);
 }
 
 } // namespace
@@ -117,10 +105,10 @@ NSAttributes WordTextAttributes::make(const WordTextLook& look, WordScript scrip
     const auto& properties = look.properties;
     NSAttributes attributes;
     set(attributes, NSFontAttributeName, NSAny(fontFor(properties, script)));
-    set(attributes, NSForegroundColorAttributeName, NSAny(colorOf(properties.color)));
-    const auto highlight = colorOf(properties.highlight);
+    set(attributes, NSForegroundColorAttributeName, NSAny(colorOfWordColor(properties.color)));
+    const auto highlight = colorOfWordColor(properties.highlight);
     set(attributes, NSBackgroundColorAttributeName,
-        NSAny(highlight ? highlight : colorOf(properties.shading)));
+        NSAny(highlight ? highlight : colorOfWordColor(properties.shading)));
     setLines(attributes, properties);
     if (const auto level = properties.superscript.value_or(0); level != 0)
         set(attributes, NSSuperscriptAttributeName, level);

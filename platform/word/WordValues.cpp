@@ -50,6 +50,11 @@ bool isWordPropertyOn(const XMLAttributes& attributes)
     return value != "0" && value != "false" && value != "off";
 }
 
+bool isWordValueOn(std::string_view value)
+{
+    return value == "1" || value == "true" || value == "on";
+}
+
 std::optional<int> wordInteger(std::string_view text)
 {
     const auto length = wordLength(text, 1);

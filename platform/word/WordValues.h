@@ -11,6 +11,9 @@
 /// Whether a property that is there is on: with no value of its own it is.
 [[nodiscard]] bool isWordPropertyOn(const XMLAttributes& attributes);
 
+/// Whether the value of an attribute that is off by default is on.
+[[nodiscard]] bool isWordValueOn(std::string_view value);
+
 /// A whole number, held within -1,000,000 and 1,000,000.
 [[nodiscard]] std::optional<int> wordInteger(std::string_view text);
 

@@ -2,6 +2,7 @@
 
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSColor.h"
+#include "platform/text/NSDocumentAttributes.h"
 #include "platform/text/NSFont.h"
 #include "platform/text/NSParagraphStyle.h"
 #include "platform/text/NSTextTable.h"

@@ -1,5 +1,6 @@
 // Lists: what their items begin with, how they count, and the lists that their paragraphs are in.
 
+#include "platform/foundation/Unicode.h"
 #include "platform/word/WordListMarkers.h"
 #include "tests/word/ReadWord.h"
 
@@ -213,4 +214,15 @@ TEST(WordLists, WithoutAMarkerOrADefinitionAreParagraphs)
     const auto text = textWith(numbering, item("one") + item("two", 0, 77) + item("three", 99));
     EXPECT_EQ(text.string(), u"one\ntwo\nthree\n");
     EXPECT_TRUE(styleAt(text, u"one")->textLists().empty());
+}
+
+TEST(WordLists, TakeBallotBoxesForThoseOfChecklists)
+{
+    for (const auto& [sign, format] :
+         {std::pair(u"\u2610", NSTextListMarkerCircle), std::pair(u"\u2611", NSTextListMarkerCheck),
+          std::pair(u"\u2612", NSTextListMarkerCheck)}) {
+        const auto text
+            = textWith(abstractList(0, level(0, "bullet", UTF8FromUTF16(sign))) + list(1, 0), item("text"));
+        EXPECT_EQ(styleAt(text, u"text")->textLists().at(0)->markerFormat(), format);
+    }
 }

@@ -180,3 +180,17 @@ TEST(WordParagraphs, LeavePhoneticGuidesOut)
             .string(),
         u"漢\n");
 }
+
+TEST(WordParagraphs, StopTabsWhereTheSettingsSay)
+{
+    const auto intervalWith = [](std::string_view settings) {
+        WordPackageBytes document;
+        document.body = wordParagraph("text");
+        document.parts.push_back({"s", "settings", "settings.xml", wordRoot("settings", settings)});
+        return styleAt(textOfWord(document), u"text")->defaultTabInterval();
+    };
+    EXPECT_EQ(intervalWith("<w:defaultTabStop w:val='708'/>"), 35.4);
+    EXPECT_EQ(intervalWith("<w:defaultTabStop w:val='0'/>"), 36);
+    EXPECT_EQ(intervalWith("<w:defaultTabStop w:val='x'/>"), 36);
+    EXPECT_EQ(intervalWith(""), 36);
+}
