@@ -71,6 +71,8 @@ public:
     {
         struct stat status { };
 
+        if (depth > NSFileWrapper::kMostDepth)
+            return failTooLarge(path);
         if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
             return fail(errno, path);
         if (S_ISLNK(status.st_mode))
@@ -120,8 +122,6 @@ private:
 
     NSFileWrapper::Ref readFolder(FileDescriptor descriptor, const std::string& path, std::size_t depth)
     {
-        if (depth >= NSFileWrapper::kMostDepth)
-            return failTooLarge(path);
         const Folder folder(::fdopendir(descriptor.get()));
         if (!folder)
             return fail(errno, path);

@@ -15,6 +15,36 @@ bool failWith(int code)
     return false;
 }
 
+constexpr unsigned kPermissionBits = 0777;
+constexpr unsigned kOwnerReads = 0400;
+constexpr unsigned kOwnerReadsFolder = 0700;
+
+/// What a wrapper holds, counted as those count who read it.
+class Measure {
+public:
+    /// 0, or the errno for a limit that it passes.
+    // No deeper than the limit, and no more often than there may be members.
+    int add(const NSFileWrapper& fileWrapper, std::size_t depth) // NOLINT(misc-no-recursion): see above
+    {
+        if (depth > NSFileWrapper::kMostDepth)
+            return ELOOP;
+        const auto* const contents = fileWrapper.regularFileContents();
+        m_byteCount += contents ? contents->bytes.size() : 0;
+        m_memberCount += fileWrapper.fileWrappers().size();
+        int passed = m_byteCount > NSFileWrapper::kMostBytes || m_memberCount > NSFileWrapper::kMostMembers
+            ? EFBIG
+            : 0;
+        for (auto member = fileWrapper.fileWrappers().begin();
+             passed == 0 && member != fileWrapper.fileWrappers().end(); ++member)
+            passed = add(*member->second, depth + 1);
+        return passed;
+    }
+
+private:
+    std::size_t m_byteCount = 0;
+    std::size_t m_memberCount = 0;
+};
+
 /// Whether a rename failed because the file system does not know its kind.
 bool isUnsupported(int code)
 {
@@ -38,7 +68,11 @@ bool FileWrapperWriter::write(NSFileWrapper& fileWrapper, const NSURL& url, unsi
         setError(error, NSError::errorWithErrno(EINVAL, url.absoluteString()));
         return false;
     }
-    const auto folder = m_operations.openFolder(AT_FDCWD, slash == 0 ? "/" : path.substr(0, slash));
+    if (const int passed = Measure().add(fileWrapper, 0); passed != 0) {
+        setError(error, NSError::errorWithErrno(passed, path));
+        return false;
+    }
+    const auto folder = m_operations.openFolderAtPath(slash == 0 ? "/" : path.substr(0, slash));
     const auto hidden = ".corvel-" + NSUUID::UUIDString();
     const Place place{folder.get(), name, hidden, hidden + "-old"};
     const bool isAtomic = (options & NSFileWrapperWritingAtomic) != 0;
@@ -48,6 +82,8 @@ bool FileWrapperWriter::write(NSFileWrapper& fileWrapper, const NSURL& url, unsi
         setError(error, NSError::errorWithErrno(errno, path));
         return false;
     }
+    if (!m_keepsPermissions)
+        NSLog("{} has other permissions than it should: they cannot be set there", path);
     if ((options & NSFileWrapperWritingWithNameUpdating) != 0)
         updateNames(fileWrapper, textFromFileName(name));
     return true;
@@ -55,7 +91,7 @@ bool FileWrapperWriter::write(NSFileWrapper& fileWrapper, const NSURL& url, unsi
 
 bool FileWrapperWriter::writeInPlace(const NSFileWrapper& fileWrapper, const Place& place)
 {
-    if (!build(fileWrapper, place.folder, place.name, 0))
+    if (!build(fileWrapper, place.folder, place.name))
         return false;
     if (m_operations.sync(place.folder))
         return true;
@@ -65,7 +101,7 @@ bool FileWrapperWriter::writeInPlace(const NSFileWrapper& fileWrapper, const Pla
 
 bool FileWrapperWriter::writeAtomically(const NSFileWrapper& fileWrapper, const Place& place)
 {
-    if (!build(fileWrapper, place.folder, place.building, 0))
+    if (!build(fileWrapper, place.folder, place.building, place.name))
         return false;
     const auto placed = put(place);
     if (placed == Placed::No) {
@@ -82,23 +118,24 @@ bool FileWrapperWriter::writeAtomically(const NSFileWrapper& fileWrapper, const 
 }
 
 bool FileWrapperWriter::build(const NSFileWrapper& fileWrapper, int folder, const std::string& name,
-                              std::size_t depth)
+                              const std::string& predecessor)
 {
-    if (depth > NSFileWrapper::kMostDepth)
-        return failWith(ELOOP);
     if (!isFileName(std::string_view(name)))
         return failWith(EINVAL);
     if (fileWrapper.isSymbolicLink())
         return m_operations.createLink(fileWrapper.symbolicLinkDestination(), folder, name);
-    return fileWrapper.isDirectory() ? buildFolder(fileWrapper, folder, name, depth)
-                                     : buildFile(fileWrapper, folder, name);
+    return fileWrapper.isDirectory() ? buildFolder(fileWrapper, folder, name, predecessor)
+                                     : buildFile(fileWrapper, folder, name, predecessor);
 }
 
-bool FileWrapperWriter::buildFile(const NSFileWrapper& fileWrapper, int folder, const std::string& name)
+bool FileWrapperWriter::buildFile(const NSFileWrapper& fileWrapper, int folder, const std::string& name,
+                                  const std::string& predecessor)
 {
     const auto file = m_operations.createFile(folder, name);
     if (!file.isValid())
         return false;
+    if (!predecessor.empty())
+        m_operations.inherit(folder, predecessor, file.get());
     const auto& attributes = fileWrapper.fileAttributes();
     const auto setDate = [&] {
         return !attributes.modificationDate
@@ -112,14 +149,16 @@ bool FileWrapperWriter::buildFile(const NSFileWrapper& fileWrapper, int folder, 
 }
 
 bool FileWrapperWriter::buildFolder(const NSFileWrapper& fileWrapper, int folder, const std::string& name,
-                                    std::size_t depth)
+                                    const std::string& predecessor)
 {
     if (!m_operations.createFolder(folder, name))
         return false;
     const auto made = m_operations.openFolder(folder, name);
     bool complete = made.isValid();
+    if (complete && !predecessor.empty())
+        m_operations.inherit(folder, predecessor, made.get());
     for (const auto& [key, member] : fileWrapper.fileWrappers())
-        complete = complete && build(*member, made.get(), fileNameFromText(key), depth + 1);
+        complete = complete && build(*member, made.get(), fileNameFromText(key));
     if (complete && finish(fileWrapper.fileAttributes(), made.get()))
         return true;
     discard(folder, name);
@@ -130,9 +169,22 @@ bool FileWrapperWriter::finish(const NSFileAttributes& attributes, int file)
 {
     if (attributes.extensionHidden)
         m_operations.setExtensionHidden(file);
-    if (attributes.posixPermissions && !m_operations.setPermissions(file, *attributes.posixPermissions))
-        return false;
-    return m_operations.sync(file);
+    return setPermissions(attributes, file) && m_operations.sync(file);
+}
+
+bool FileWrapperWriter::setPermissions(const NSFileAttributes& attributes, int file)
+{
+    if (!attributes.posixPermissions)
+        return true;
+    const bool isFolder = attributes.fileType == NSFileType::Directory;
+    const auto permissions
+        = (*attributes.posixPermissions & kPermissionBits) | (isFolder ? kOwnerReadsFolder : kOwnerReads);
+    if (m_operations.setPermissions(file, permissions))
+        return true;
+    // File systems without permissions say that nobody may set them.
+    const bool isKnownThere = errno != EPERM && errno != ENOTSUP && errno != ENOSYS;
+    m_keepsPermissions = m_keepsPermissions && isKnownThere;
+    return !isKnownThere;
 }
 
 FileWrapperWriter::Placed FileWrapperWriter::put(const Place& place)

@@ -12,6 +12,14 @@
 /// both is synced. So whenever the process or the machine stops, the old contents or the new ones are there,
 /// whole; what may stay behind is a hidden ".corvel-..." beside them.
 ///
+/// What replaces a file or folder of its kind takes over its permissions, when it was made, and whether its
+/// extension is hidden and it is a package, all before it takes its place; what the wrapper says of itself
+/// goes first. Its owner may always read what was written, and nothing is written that changes a user.
+/// Permissions that the file system cannot keep are logged, as are old contents that cannot be removed.
+///
+/// Nothing is written that NSFileWrapper would not read again for its limits: ELOOP where folders are too
+/// deep, EFBIG for too many members or bytes.
+///
 /// Where the file system cannot exchange, a file still takes a file's place at once, but a folder's old
 /// contents are moved aside first: for a moment both stand beside the place, whole, and none at it. There
 /// too, when the place was free or a file took a file's place, and the folder then cannot be synced, the new
@@ -39,11 +47,16 @@ private:
 
     bool writeInPlace(const NSFileWrapper& fileWrapper, const Place& place);
     bool writeAtomically(const NSFileWrapper& fileWrapper, const Place& place);
-    bool build(const NSFileWrapper& fileWrapper, int folder, const std::string& name, std::size_t depth);
-    bool buildFile(const NSFileWrapper& fileWrapper, int folder, const std::string& name);
+    /// `predecessor` is the name in the folder of what is to be replaced, which is inherited from; empty for
+    /// members, which are new.
+    bool build(const NSFileWrapper& fileWrapper, int folder, const std::string& name,
+               const std::string& predecessor = {});
+    bool buildFile(const NSFileWrapper& fileWrapper, int folder, const std::string& name,
+                   const std::string& predecessor);
     bool buildFolder(const NSFileWrapper& fileWrapper, int folder, const std::string& name,
-                     std::size_t depth);
+                     const std::string& predecessor);
     bool finish(const NSFileAttributes& attributes, int file);
+    bool setPermissions(const NSFileAttributes& attributes, int file);
     Placed put(const Place& place);
     Placed putWithoutExchange(const Place& place);
     void takeBack(const Place& place, Placed placed);
@@ -53,4 +66,5 @@ private:
     static void updateNames(NSFileWrapper& fileWrapper, const std::u16string& name);
 
     PackageOperations& m_operations;
+    bool m_keepsPermissions = true;
 };

@@ -14,12 +14,9 @@ namespace {
 
 constexpr std::string_view kArchiveKey = "NSFileWrapperData";
 
-std::u16string uniqueKey(const NSFileWrapper::FileWrappers& taken, const std::u16string& name)
+std::u16string numberedKey(std::size_t number, const std::u16string& name)
 {
-    std::u16string key = name;
-    for (std::size_t number = 1; taken.contains(key); ++number)
-        key = textFromFileName(std::to_string(number)).append(NSFileWrapperUniqueMark).append(name);
-    return key;
+    return textFromFileName(std::to_string(number)).append(NSFileWrapperUniqueMark).append(name);
 }
 
 /// The path of a link's destination as a relative URL. Where its first component has a colon, "./" stands
@@ -97,12 +94,23 @@ NSFileWrapper::Ref NSFileWrapper::fileWrapperForKey(std::u16string_view key) con
     return found == m_fileWrappers.end() ? nullptr : found->second;
 }
 
+std::u16string NSFileWrapper::freeKey(const std::u16string& name)
+{
+    if (!m_fileWrappers.contains(name))
+        return name;
+    auto& number = m_nextNumbers.try_emplace(name, 1).first->second;
+    auto key = numberedKey(number, name);
+    while (m_fileWrappers.contains(key))
+        key = numberedKey(++number, name);
+    return key;
+}
+
 std::u16string NSFileWrapper::addFileWrapper(const Ref& fileWrapper)
 {
     const auto& name = fileWrapper->preferredFilename();
     if (!isDirectory() || !name || !isFileName(std::u16string_view(*name)))
         return {};
-    auto key = uniqueKey(m_fileWrappers, *name);
+    auto key = freeKey(*name);
     m_fileWrappers.emplace(key, fileWrapper);
     return key;
 }
@@ -119,6 +127,7 @@ void NSFileWrapper::removeFileWrapper(const NSFileWrapper& fileWrapper)
 {
     std::erase_if(m_fileWrappers,
                   [&fileWrapper](const auto& member) { return member.second.get() == &fileWrapper; });
+    m_nextNumbers.clear(); // Of the numbers below, one may be free now.
 }
 
 std::optional<std::u16string> NSFileWrapper::keyForFileWrapper(const NSFileWrapper& fileWrapper) const

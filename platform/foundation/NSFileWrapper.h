@@ -17,7 +17,7 @@ enum class NSFileType { Regular, Directory, SymbolicLink };
 /// written.
 struct NSFileAttributes {
     NSFileType fileType = NSFileType::Regular;
-    /// The permission bits, at most 0777.
+    /// The permission bits, at most 0777. What is written its owner may read, whatever they are.
     std::optional<unsigned> posixPermissions;
     /// Written for files only: a folder that is written is new.
     std::optional<NSDate> modificationDate;
@@ -54,10 +54,13 @@ public:
     /// Members by their keys. The order is that of the keys.
     using FileWrappers = std::map<std::u16string, Ref, std::less<>>;
 
-    /// Limits of what is read from disk and from serialised form.
+    /// Limits of what is read from disk and, but for the bytes, from serialised form. What passes them is not
+    /// written either.
+    /// Folders around an entry, up to and with the one that is read.
     static constexpr std::size_t kMostDepth = 32;
     static constexpr std::size_t kMostMembers = 100'000;
-    static constexpr std::size_t kMostBytes = std::size_t{1} << 30U;
+    /// Of all files together. A film that is in a note is in its package twice.
+    static constexpr std::size_t kMostBytes = std::size_t{4} << 30U;
 
     /// An empty file, a folder without members, or a link to nowhere.
     explicit NSFileWrapper(NSFileType type);
@@ -155,6 +158,9 @@ private:
     friend class FileWrapperReader;
     friend class FileWrapperSerialization;
 
+    /// The name, or with the first number that is free.
+    std::u16string freeKey(const std::u16string& name);
+
     static NSAny initWithCoder(NSCoder& coder);
 
     NSFileAttributes m_attributes;
@@ -162,5 +168,7 @@ private:
     std::optional<std::u16string> m_filename;
     NSData m_contents;
     FileWrappers m_fileWrappers;
+    /// By names that members wanted and that were taken: all numbers below are taken too.
+    std::map<std::u16string, std::size_t> m_nextNumbers;
     std::string m_linkDestination;
 };

@@ -95,9 +95,17 @@ NSURLResourceValues NSURLResourceValues::resourceValuesOfFile(int descriptor)
 bool NSURLResourceValues::setForURL(const NSURL& url, NSError* error) const
 {
     const auto file = openedURL(url);
-    int failure = file.isValid() ? 0 : errno;
+    const int failure = file.isValid() ? setForFile(file.get()) : errno;
+    if (failure != 0)
+        setError(error, NSError::errorWithErrno(failure, url.path()));
+    return failure == 0;
+}
+
+int NSURLResourceValues::setForFile(int descriptor) const
+{
+    int failure = 0;
     const auto set = [&](const char* name, std::string_view value) {
-        if (file.isValid() && !setAttribute(file.get(), name, value))
+        if (!setAttribute(descriptor, name, value))
             failure = errno;
     };
     if (hasHiddenExtension)
@@ -106,7 +114,5 @@ bool NSURLResourceValues::setForURL(const NSURL& url, NSError* error) const
         set(kCreationDateAttribute, fmt::format("{}", creationDate->timeIntervalSinceReferenceDate));
     if (isPackage)
         set(kPackageAttribute, *isPackage ? "1" : "0");
-    if (failure != 0)
-        setError(error, NSError::errorWithErrno(failure, url.path()));
-    return failure == 0;
+    return failure;
 }

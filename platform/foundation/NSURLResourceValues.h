@@ -29,4 +29,6 @@ struct NSURLResourceValues {
 
     /// The same of an open file.
     [[nodiscard]] static NSURLResourceValues resourceValuesOfFile(int descriptor);
+    /// 0, or the errno for which one of the values could not be stored.
+    [[nodiscard]] int setForFile(int descriptor) const;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/FileNameText.h"
 #include "platform/foundation/FileWrapperReader.h"
+#include "platform/foundation/NSURLResourceValues.h"
 
 #include <array>
 #include <cerrno>
@@ -20,6 +21,7 @@ namespace {
 constexpr mode_t kFileMode = 0666; // Less what the user's mask takes away.
 constexpr mode_t kFolderMode = 0777;
 constexpr mode_t kRemovableFolderMode = 0700;
+constexpr mode_t kPermissionBits = 0777;
 /// Folders deeper than this are not ours; a file wrapper has fewer levels.
 constexpr std::size_t kMostRemovalDepth = 64;
 
@@ -44,6 +46,18 @@ FileDescriptor openFolderIn(int folder, const std::string& name)
     return FileDescriptor(::openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
+/// A folder that is to be emptied, whatever its permissions.
+FileDescriptor openFolderToRemove(int folder, const std::string& name)
+{
+    auto opened = openFolderIn(folder, name);
+    if (!opened.isValid() && errno == EACCES
+        && ::fchmodat(folder, name.c_str(), kRemovableFolderMode, AT_SYMLINK_NOFOLLOW) == 0)
+        opened = openFolderIn(folder, name);
+    if (opened.isValid())
+        (void)::fchmod(opened.get(), kRemovableFolderMode); // Without it a removal below fails and says why.
+    return opened;
+}
+
 std::vector<std::string> namesIn(const FileDescriptor& folder)
 {
     std::vector<std::string> names;
@@ -64,15 +78,18 @@ bool removeTree(int folder, const std::string& name, std::size_t depth)
         return true;
     if (errno != EISDIR && errno != EPERM)
         return false;
-    const auto subfolder = openFolderIn(folder, name);
+    const auto subfolder = openFolderToRemove(folder, name);
     if (!subfolder.isValid() || depth >= kMostRemovalDepth)
         return false;
-    (void)::fchmod(subfolder.get(), kRemovableFolderMode); // Without it a removal below fails and says why.
+    int reason = 0;
     for (const auto& member : namesIn(subfolder)) {
-        if (!removeTree(subfolder.get(), member, depth + 1))
-            return false;
+        if (!removeTree(subfolder.get(), member, depth + 1) && reason == 0)
+            reason = errno;
     }
-    return ::unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0;
+    if (::unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0)
+        return true;
+    errno = reason == 0 ? errno : reason;
+    return false;
 }
 
 unsigned renameFlags(RenameKind kind)
@@ -84,6 +101,11 @@ unsigned renameFlags(RenameKind kind)
 
 class SystemOperations final : public PackageOperations {
 public:
+    FileDescriptor openFolderAtPath(const std::string& path) override
+    {
+        return FileDescriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    }
+
     FileDescriptor openFolder(int folder, const std::string& name) override
     {
         return openFolderIn(folder, name);
@@ -130,6 +152,24 @@ public:
     void setExtensionHidden(int file) override
     {
         (void)::fsetxattr(file, kExtensionHiddenAttribute, "1", 1, 0); // As the declaration says.
+    }
+
+    void inherit(int folder, const std::string& name, int file) override
+    {
+        struct stat old { };
+
+        struct stat made { };
+
+        constexpr int kFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+        if (::fstatat(folder, name.c_str(), &old, AT_SYMLINK_NOFOLLOW) != 0 || ::fstat(file, &made) != 0
+            || (old.st_mode & S_IFMT) != (made.st_mode & S_IFMT))
+            return;
+        const mode_t own = S_ISDIR(made.st_mode) ? S_IRWXU : S_IRUSR;
+        (void)::fchmod(file,
+                       (old.st_mode & kPermissionBits) | own); // As the declaration says, here and below.
+        const FileDescriptor opened(::openat(folder, name.c_str(), kFlags));
+        if (opened.isValid())
+            (void)NSURLResourceValues::resourceValuesOfFile(opened.get()).setForFile(file);
     }
 };
 

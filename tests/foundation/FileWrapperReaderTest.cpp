@@ -153,11 +153,11 @@ TEST(FileWrapperReader, LimitsTheDepth)
 {
     const TemporaryFolder folder;
     std::filesystem::path path = folder.file("Deep");
-    for (std::size_t level = 0; level < NSFileWrapper::kMostDepth - 1; ++level)
+    for (std::size_t level = 0; level < NSFileWrapper::kMostDepth; ++level)
         path /= "d";
     std::filesystem::create_directories(path);
     EXPECT_NE(read(folder.url("Deep")), nullptr);
-    std::filesystem::create_directories(path / "d" / "d");
+    std::filesystem::create_directories(path / "d");
     NSError error;
     EXPECT_EQ(read(folder.url("Deep"), &error), nullptr);
     EXPECT_EQ(error.domain(), NSCocoaErrorDomain);

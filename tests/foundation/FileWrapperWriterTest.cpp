@@ -1,67 +1,17 @@
 #include "platform/foundation/FileWrapperWriter.h"
 
-#include "platform/foundation/FileWrapperReader.h"
 #include "platform/foundation/NSLog.h"
-#include "tests/support/PackageFaults.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/foundation/WrittenPackages.h"
+#include "tests/support/OrdinaryUser.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <map>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
-
-namespace fs = std::filesystem;
-
-/// Everything below a path, by relative path: contents of files, "->" and destination of links, "/" for
-/// folders.
-std::map<std::string, std::string> tree(const fs::path& root)
-{
-    std::map<std::string, std::string> found;
-    const auto describe = [](const fs::path& path) -> std::string {
-        if (fs::is_symlink(path))
-            return "->" + fs::read_symlink(path).native();
-        if (fs::is_directory(path))
-            return "/";
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    };
-    if (!fs::exists(fs::symlink_status(root)))
-        return found;
-    found[""] = describe(root);
-    if (found[""] != "/")
-        return found;
-    for (const auto& entry : fs::recursive_directory_iterator(root))
-        found[entry.path().lexically_relative(root).native()] = describe(entry.path());
-    return found;
-}
-
-using Tree = std::map<std::string, std::string>;
-
-NSFileWrapper::Ref newPackage()
-{
-    auto inner = NSFileWrapper::initDirectoryWithFileWrappers({});
-    inner->setPreferredFilename(u"inner");
-    inner->addRegularFileWithContents({"deep"}, u"b");
-    auto link = NSFileWrapper::initSymbolicLinkWithDestinationURL(NSURL::URLWithString("../x").value());
-    link->setPreferredFilename(u"link");
-    auto package = NSFileWrapper::initDirectoryWithFileWrappers({});
-    package->addRegularFileWithContents({"new contents"}, u"a");
-    package->addFileWrapper(inner);
-    package->addFileWrapper(link);
-    return package;
-}
-
-const Tree kNewPackage{
-    {"", "/"}, {"a", "new contents"}, {"inner", "/"}, {"inner/b", "deep"}, {"link", "->../x"}};
 
 /// What stands at the place before.
 struct Before {
@@ -69,32 +19,8 @@ struct Before {
     std::function<void(const TemporaryFolder&)> make;
 };
 
-void makeNothing(const TemporaryFolder& /*folder*/) { }
-
-void makeFile(const TemporaryFolder& folder)
-{
-    folder.write("Place", "old file");
-}
-
-void makePackage(const TemporaryFolder& folder)
-{
-    folder.write("Place/a", "old contents");
-    folder.write("Place/gone/c", "old too");
-}
-
 const std::array<Before, 3> kBefores{Before{"nothing", makeNothing}, Before{"a file", makeFile},
                                      Before{"a package", makePackage}};
-
-std::size_t entryCount(const fs::path& folder)
-{
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-}
-
-bool writeWith(PackageOperations& operations, NSFileWrapper& wrapper, const NSURL& url,
-               unsigned options = NSFileWrapperWritingAtomic, NSError* error = nullptr)
-{
-    return FileWrapperWriter(operations).write(wrapper, url, options, error);
-}
 
 /// Writes over `before` with each operation failing in turn until none does.
 void expectOldOrNewForEachFault(const Before& before, PackageFaults::Fault fault, bool knowsRenameKinds)
@@ -137,24 +63,6 @@ bool holdsEither(const fs::path& folder, const Tree& old)
         if (found == old || found == kNewPackage)
             return true;
     }
-    return false;
-}
-
-/// Runs the write in a child that is killed before its n-th operation; false once it runs to its end.
-bool killBeforeCall(std::size_t call, const NSURL& url, bool knowsRenameKinds)
-{
-    const auto child = ::fork();
-    if (child == 0) {
-        PackageFaults operations(call, PackageFaults::Fault::Kill);
-        if (!knowsRenameKinds)
-            operations.withoutRenameKinds();
-        ::_exit(writeWith(operations, *newPackage(), url) ? 0 : 1);
-    }
-    int status = 0;
-    EXPECT_EQ(::waitpid(child, &status, 0), child);
-    if (WIFSIGNALED(status))
-        return true;
-    EXPECT_EQ(WEXITSTATUS(status), 0);
     return false;
 }
 
@@ -253,20 +161,52 @@ TEST(FileWrapperWriter, UpdatesNamesWhenAsked)
     EXPECT_EQ(second->preferredFilename(), u"a");
 }
 
-TEST(FileWrapperWriter, WritesAttributes)
+TEST(FileWrapperWriter, WritesIntoAFolderThatALinkLeadsTo)
 {
     const TemporaryFolder folder;
-    const auto wrapper = NSFileWrapper::initRegularFileWithContents({"x"});
-    NSFileAttributes attributes;
-    attributes.posixPermissions = 0440;
-    attributes.modificationDate = NSDate{1000.25};
-    attributes.extensionHidden = true;
-    wrapper->setFileAttributes(attributes);
-    ASSERT_TRUE(wrapper->writeToURL(folder.url("a"), NSFileWrapperWritingAtomic));
-    const auto read = NSFileWrapper::initWithURL(folder.url("a"), NSFileWrapperReadingOptions::Immediate);
-    ASSERT_NE(read, nullptr);
-    EXPECT_EQ(read->fileAttributes().posixPermissions, 0440U);
-    EXPECT_EQ(read->fileAttributes().modificationDate, NSDate{1000.25});
+    fs::create_directory(folder.file("real"));
+    fs::create_directory_symlink("real", folder.file("link"));
+    NSError error;
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(newPackage()->writeToURL(folder.url("link/Place"), NSFileWrapperWritingAtomic,
+                                             std::nullopt, &error))
+            << error.localizedDescription();
+        EXPECT_EQ(tree(folder.file("real/Place")), kNewPackage);
+        EXPECT_EQ(entryCount(folder.file("real")), 1U);
+    }
+    EXPECT_TRUE(fs::is_symlink(folder.file("link")));
+}
+
+TEST(FileWrapperWriter, RemovesAnOldPackageThatNobodyMayRead)
+{
+    const OrdinaryUser user;
+    const TemporaryFolder folder;
+    makePackage(folder);
+    fs::permissions(folder.file("Place/gone"), fs::perms(0300));
+    fs::permissions(folder.file("Place"), fs::perms(0300));
+    ASSERT_TRUE(newPackage()->writeToURL(folder.url("Place"), NSFileWrapperWritingAtomic));
+    EXPECT_EQ(tree(folder.file("Place")), kNewPackage);
+    EXPECT_EQ(entryCount(folder.path()), 1U);
+}
+
+TEST(FileWrapperWriter, RemovesAsMuchOfAFolderAsItCan)
+{
+    const TemporaryFolder folder;
+    std::string path = "Place/m";
+    for (std::size_t level = 0; level < 70; ++level) // Deeper than is removed.
+        path += "/d";
+    fs::create_directories(folder.file(path));
+    folder.write("Place/a", "old");
+    folder.write("Place/z", "old");
+    std::string log;
+    const NSLogCapture capture([&log](std::string_view line) { log += line; });
+    ASSERT_TRUE(newPackage()->writeToURL(folder.url("Place"), NSFileWrapperWritingAtomic));
+    EXPECT_EQ(tree(folder.file("Place")), kNewPackage);
+    EXPECT_NE(log.find("Place has its new contents, but the old ones stay in .corvel-"), std::string::npos);
+    for (const auto& entry : fs::directory_iterator(folder.path())) {
+        const std::size_t expected = entry.path().filename() == "Place" ? 3 : 1; // Of the old one m is left.
+        EXPECT_EQ(entryCount(entry.path()), expected);
+    }
 }
 
 TEST(FileWrapperWriter, ReadsBackWhatItWrote)
@@ -310,19 +250,6 @@ TEST(FileWrapperWriter, SaysWhyItCannotWrite)
                                      std::nullopt, &error));
     EXPECT_EQ(error.code(), ENAMETOOLONG);
     EXPECT_EQ(entryCount(folder.path()), 0U);
-}
-
-TEST(FileWrapperWriter, RefusesAFolderThatHoldsItself)
-{
-    const TemporaryFolder folder;
-    const auto package = NSFileWrapper::initDirectoryWithFileWrappers({});
-    package->setPreferredFilename(u"self");
-    package->addFileWrapper(package);
-    NSError error;
-    EXPECT_FALSE(package->writeToURL(folder.url("Pack"), NSFileWrapperWritingAtomic, std::nullopt, &error));
-    EXPECT_EQ(error.code(), ELOOP);
-    EXPECT_EQ(entryCount(folder.path()), 0U);
-    package->removeFileWrapper(*package);
 }
 
 TEST(FileWrapperWriter, SyncsEveryFileAndFolderBeforeTheyTakeTheirPlace)

@@ -73,6 +73,33 @@ TEST(NSFileWrapper, NumbersMembersWhoseNameIsTaken)
     EXPECT_EQ(folder->fileWrapperForKey(u"a.txt")->regularFileContents()->bytes, "1");
 }
 
+TEST(NSFileWrapper, GivesTheFirstNumberThatIsFree)
+{
+    const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
+    folder->addFileWrapper(file("x", u"2__#$!@%!#__a"));
+    folder->addFileWrapper(file("x", u"a"));
+    const auto first = file("1", u"a");
+    EXPECT_EQ(folder->addFileWrapper(first), u"1__#$!@%!#__a");
+    EXPECT_EQ(folder->addFileWrapper(file("3", u"a")), u"3__#$!@%!#__a");
+    EXPECT_EQ(folder->addFileWrapper(file("x", u"b")), u"b");
+    EXPECT_EQ(folder->addFileWrapper(file("x", u"b")), u"1__#$!@%!#__b");
+    folder->removeFileWrapper(*first);
+    EXPECT_EQ(folder->addFileWrapper(file("1", u"a")), u"1__#$!@%!#__a");
+    EXPECT_EQ(folder->addFileWrapper(file("4", u"a")), u"4__#$!@%!#__a");
+}
+
+// Within the time that a test may take only while each number is not looked for from the first one on.
+TEST(NSFileWrapper, NumbersManyMembersOfOneName)
+{
+    constexpr std::size_t kMemberCount = 100'000;
+    const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
+    const auto member = file("x", u"a");
+    for (std::size_t count = 0; count < kMemberCount; ++count)
+        folder->addFileWrapper(member);
+    EXPECT_EQ(folder->fileWrappers().size(), kMemberCount);
+    EXPECT_NE(folder->fileWrapperForKey(u"99999__#$!@%!#__a"), nullptr);
+}
+
 TEST(NSFileWrapper, RefusesMembersWithoutAUsableName)
 {
     const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});

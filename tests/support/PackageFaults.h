@@ -40,6 +40,11 @@ public:
 
     [[nodiscard]] std::size_t syncCountAfterRename() const { return m_syncCount - m_syncCountBeforeRename; }
 
+    FileDescriptor openFolderAtPath(const std::string& path) override
+    {
+        return isFaulty() ? FileDescriptor() : system().openFolderAtPath(path);
+    }
+
     FileDescriptor openFolder(int folder, const std::string& name) override
     {
         return isFaulty() ? FileDescriptor() : system().openFolder(folder, name);
@@ -103,6 +108,11 @@ public:
     }
 
     void setExtensionHidden(int file) override { system().setExtensionHidden(file); }
+
+    void inherit(int folder, const std::string& name, int file) override
+    {
+        system().inherit(folder, name, file);
+    }
 
 private:
     bool isFaulty()
