@@ -97,6 +97,8 @@ TEST_F(Install, PutsEverythingWhereItBelongs)
         "share/doc/corvel/examples/host.cpp",
         "share/locale/de/LC_MESSAGES/corvel.mo",
         "share/man/man1/corvel-string.1",
+        "share/mime/packages/corvel-note.xml",
+        "share/thumbnailers/corvel-note.thumbnailer",
         "share/man/man1/corvel.1",
         "share/systemd/user/corvel-indexing.service",
         "share/systemd/user/corvel-indexing.socket",
