@@ -100,6 +100,11 @@ NSLayoutManager::NSLayoutManager(const NSTextContainer& container, AttachmentIma
     const auto paragraphs = paragraphsOf(m_text);
     const LayoutSource source{m_text, m_image};
     m_height = TextFlow(source, m_places).place(paragraphs, 0, {}, m_width);
+    m_text.enumerateAttribute(NSBackgroundColorAttributeName,
+                              [this](const NSAny& value, NSRange /*range*/, bool& stop) {
+                                  m_hasBackgrounds = !value.isNil();
+                                  stop = m_hasBackgrounds;
+                              });
     m_blockEnds.reserve(m_places.blocks.size());
     for (const auto& placed : m_places.blocks) {
         const auto before = m_blockEnds.empty() ? 0 : m_blockEnds.back();
@@ -118,6 +123,23 @@ std::span<const PlacedBlock> NSLayoutManager::blocksAround(NSRange range) const
     return from < last ? std::span(from, last) : std::span<const PlacedBlock>();
 }
 
+const PieceStart* NSLayoutManager::pieceBefore(const PlacedParagraph& paragraph, NSRange range,
+                                               VerticalSpan visible) const
+{
+    const auto& pieces = m_places.pieces;
+    const auto locate = [&pieces](NSUInteger location) {
+        return std::upper_bound(pieces.begin(), pieces.end(), location,
+                                [](NSUInteger at, const PieceStart& piece) { return at < piece.location; });
+    };
+    const auto first = locate(paragraph.range.location);
+    const auto last = std::max(first, locate(NSMaxRange(paragraph.range)));
+    const auto top = visible.top - paragraph.rect.origin.y;
+    const auto above
+        = std::upper_bound(first, last, top, [](double y, const PieceStart& piece) { return y < piece.y; });
+    const auto found = std::max(std::min(locate(range.location), last), above);
+    return found <= first ? nullptr : &*std::prev(found);
+}
+
 void NSLayoutManager::enumerateLines(NSRange range, NSAppearance appearance, VerticalSpan visible,
                                      const PlacedLineVisitor& visit) const
 {
@@ -132,14 +154,15 @@ void NSLayoutManager::enumerateLines(NSRange range, NSAppearance appearance, Ver
         if (!isTouched(paragraph.range, range) || top > visible.bottom
             || top + paragraph.rect.size.height < visible.top)
             continue;
-        (void)::enumerateLines(source, paragraph.range, paragraph.rect.size.width, paragraph.isAtTop,
-                               appearance, [&](const TextLine& line) {
-                                   const auto y = top + line.rect.origin.y;
-                                   if (isTouched(line.range, range)
-                                       && y + line.rect.size.height >= visible.top)
-                                       visit(line, paragraph.rect.origin);
-                                   return y <= visible.bottom;
-                               });
+        (void)::enumerateLines(
+            source, paragraph.range, paragraph.rect.size.width, paragraph.isAtTop, appearance,
+            [&](const TextLine& line) {
+                const auto y = top + line.rect.origin.y;
+                if (isTouched(line.range, range) && y + line.rect.size.height >= visible.top)
+                    visit(line, paragraph.rect.origin);
+                return y <= visible.bottom && NSMaxRange(line.range) < NSMaxRange(range);
+            },
+            pieceBefore(paragraph, range, visible));
     }
 }
 
@@ -184,6 +207,8 @@ void NSLayoutManager::drawBackgroundForGlyphRange(NSRange range, NSPoint atPoint
             && top + placed.rect.size.height >= visible.top && !isHidden(m_text, placed))
             drawBlock(placed, atPoint, context);
     }
+    if (!m_hasBackgrounds)
+        return;
     enumerateLines(range, context.appearance(), visible, [&](const TextLine& line, NSPoint origin) {
         line.drawBackground(view, {atPoint.x + origin.x, atPoint.y + origin.y});
     });

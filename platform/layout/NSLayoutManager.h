@@ -81,6 +81,10 @@ private:
 
     using PlacedLineVisitor = std::function<void(const TextLine& line, NSPoint origin)>;
 
+    /// The last place before the range, or above what is visible, from which lines of the paragraph can be
+    /// set; null for its start.
+    [[nodiscard]] const PieceStart* pieceBefore(const PlacedParagraph& paragraph, NSRange range,
+                                                VerticalSpan visible) const;
     /// The blocks that hold characters of the range are among these; found without looking at all.
     [[nodiscard]] std::span<const PlacedBlock> blocksAround(NSRange range) const;
     void enumerateLines(NSRange range, NSAppearance appearance, VerticalSpan visible,
@@ -90,6 +94,8 @@ private:
     AttachmentImage m_image;
     double m_width;
     double m_height = 0;
+    /// Whether any of the text has a background: lines are set for it alone.
+    bool m_hasBackgrounds = false;
     TextPlaces m_places;
     /// For each block, how far it or one before it reaches into the text.
     std::vector<NSUInteger> m_blockEnds;

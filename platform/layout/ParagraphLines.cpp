@@ -60,10 +60,15 @@ public:
     {
     }
 
-    double enumerateLines(bool isAtTop, const std::function<bool(const TextLine&)>& visit)
+    double enumerateLines(bool isAtTop, const PieceStart* from,
+                          const std::function<bool(const TextLine&)>& visit)
     {
         m_y = isAtTop ? 0 : m_geometry.spacingBefore;
         auto location = m_range.location;
+        if (from) {
+            m_y = from->y;
+            location = from->location;
+        }
         do {
             const auto next = visitPiece(location, visit);
             if (!next)
@@ -230,7 +235,8 @@ void TextLine::enumerateAttachments(const AttachmentVisitor& visit) const
 }
 
 double enumerateLines(const LayoutSource& source, NSRange paragraph, double columnWidth, bool isAtTop,
-                      NSAppearance appearance, const std::function<bool(const TextLine&)>& visit)
+                      NSAppearance appearance, const std::function<bool(const TextLine&)>& visit,
+                      const PieceStart* from)
 {
-    return Paragraph(source, paragraph, columnWidth, appearance).enumerateLines(isAtTop, visit);
+    return Paragraph(source, paragraph, columnWidth, appearance).enumerateLines(isAtTop, from, visit);
 }

@@ -43,11 +43,21 @@ struct TextLine {
     NSUInteger pieceLocation = 0;
 };
 
+/// A place in a paragraph from which its lines can be set without those before.
+struct PieceStart {
+    /// In the text.
+    NSUInteger location = 0;
+    /// In the paragraph.
+    double y = 0;
+};
+
 /// Sets the paragraph in a column of that width, line for line from the top, until the visitor says no. Gives
 /// the height from its first line to behind its spacing; of a visit that was ended, to there. The spacing
-/// before the paragraph is left out at the top of a column.
+/// before the paragraph is left out at the top of a column. `from` is where the visit begins, a place where a
+/// piece began in an earlier visit (TextLine::pieceLocation, and its first line's y); null for the start.
 ///
 /// Nothing is kept: whoever draws sets the lines again. Time and memory are in proportion to the paragraph's
 /// length, memory to a piece of at most kLongestPiece.
 double enumerateLines(const LayoutSource& source, NSRange paragraph, double columnWidth, bool isAtTop,
-                      NSAppearance appearance, const std::function<bool(const TextLine&)>& visit);
+                      NSAppearance appearance, const std::function<bool(const TextLine&)>& visit,
+                      const PieceStart* from = nullptr);

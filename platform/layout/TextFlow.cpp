@@ -69,8 +69,14 @@ double TextFlow::place(Paragraphs paragraphs, std::size_t depth, NSPoint corner,
 
 double TextFlow::placeParagraph(const FlowParagraph& paragraph, NSPoint corner, double width, bool isAtTop)
 {
-    const auto height = enumerateLines(m_source, paragraph.range, width, isAtTop, NSAppearance::Light,
-                                       [](const TextLine&) { return true; });
+    auto piece = paragraph.range.location;
+    const auto visit = [&](const TextLine& line) {
+        if (line.pieceLocation != piece)
+            m_places.pieces.push_back({line.pieceLocation, line.rect.origin.y});
+        piece = line.pieceLocation;
+        return true;
+    };
+    const auto height = enumerateLines(m_source, paragraph.range, width, isAtTop, NSAppearance::Light, visit);
     m_places.paragraphs.push_back({paragraph.range, {corner, {width, height}}, isAtTop});
     return height;
 }

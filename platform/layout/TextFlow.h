@@ -23,9 +23,11 @@ struct PlacedBlock {
     BlockEdges border;
 };
 
-/// Where everything stands. Blocks stand before those within them.
+/// Where everything stands, in the order of the text. Blocks stand before those within them.
 struct TextPlaces {
     std::vector<PlacedParagraph> paragraphs;
+    /// Of long paragraphs, where their pieces begin, but for the first of each.
+    std::vector<PieceStart> pieces;
     std::vector<PlacedBlock> blocks;
 };
 

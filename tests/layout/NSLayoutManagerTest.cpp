@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -302,6 +303,36 @@ TEST_F(NSLayoutManagerLines, LaysOutManyTabsWithoutHanging)
 {
     const Laid laid(styledText(std::u16string(100000, u'\t')), 300);
     EXPECT_GT(laid.lines.size(), 1U);
+}
+
+TEST_F(NSLayoutManagerLines, FindsLinesWithinALongParagraphAsInAll)
+{
+    // Far longer than what is set at once.
+    std::u16string characters;
+    while (characters.size() < 20'000)
+        characters += u"aaa aa a aaaa ";
+    const Laid laid(styledText(characters + u"\nbehind").copy(), 300);
+    for (const NSUInteger location : {0U, 3'990U, 4'010U, 12'345U, 19'990U, 20'005U}) {
+        const NSRange range{location, 30};
+        std::vector<NSRange> expected;
+        for (const auto& line : laid.lines) {
+            if (NSIntersectionRange(line.range, range).length > 0)
+                expected.push_back(line.range);
+        }
+        std::vector<NSRange> found;
+        std::vector<double> tops;
+        laid.manager.enumerateLineFragmentsForGlyphRange(range,
+                                                         [&](const NSLayoutManager::LineFragment& line) {
+                                                             found.push_back(line.range);
+                                                             tops.push_back(line.rect.origin.y);
+                                                         });
+        EXPECT_EQ(found, expected) << location;
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            const auto same = std::find_if(laid.lines.begin(), laid.lines.end(),
+                                           [&](const auto& line) { return line.range == found[i]; });
+            EXPECT_DOUBLE_EQ(tops[i], same->rect.origin.y);
+        }
+    }
 }
 
 } // namespace

@@ -69,6 +69,23 @@ TEST_F(TextPagesTest, DrawsEveryLineOnce)
     EXPECT_NEAR(ink / amountOfInk(pixelsOfPage(whole, 0)), 1, 0.02);
 }
 
+TEST_F(TextPagesTest, DrawsEveryLineOfALongParagraphOnce)
+{
+    // Longer than what is set at once, so that pages begin within what was set before.
+    std::u16string characters;
+    while (characters.size() < 9'000)
+        characters += u"MMMM MM ";
+    const auto text = styledText(characters).copy();
+    const TextPages pages(text, {.paper = {400, 1000}, .margins = {}, .backgroundColor = nullptr});
+    const TextPages whole(text, {.paper = {400, 14000}, .margins = {}, .backgroundColor = nullptr});
+    ASSERT_EQ(whole.count(), 1U);
+    ASSERT_GT(pages.count(), 5U);
+    double ink = 0;
+    for (std::size_t page = 0; page < pages.count(); ++page)
+        ink += amountOfInk(pixelsOfPage(pages, page));
+    EXPECT_NEAR(ink / amountOfInk(pixelsOfPage(whole, 0)), 1, 0.02);
+}
+
 TEST_F(TextPagesTest, FillsTheWholePageWithItsBackground)
 {
     auto options = kSmallPages;
