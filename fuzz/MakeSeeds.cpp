@@ -23,6 +23,7 @@ struct SeededTarget {
 constexpr std::array kTargets{
     SeededTarget{"FuzzKeyedUnarchiver", keyedArchiveSeeds},
     SeededTarget{"FuzzFileWrapper", fileWrapperSeeds},
+    SeededTarget{"FuzzImage", imageSeeds},
     SeededTarget{"FuzzLegacyWord", legacyWordSeeds},
     SeededTarget{"FuzzNoteFile", noteFileSeeds},
     SeededTarget{"FuzzOfficeDocument", officeDocumentSeeds},

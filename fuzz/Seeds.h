@@ -10,6 +10,7 @@ struct Seed {
     std::string bytes;
 };
 
+[[nodiscard]] std::vector<Seed> imageSeeds();
 [[nodiscard]] std::vector<Seed> keyedArchiveSeeds();
 [[nodiscard]] std::vector<Seed> fileWrapperSeeds();
 [[nodiscard]] std::vector<Seed> legacyWordSeeds();
