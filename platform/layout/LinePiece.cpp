@@ -93,7 +93,9 @@ void LinePiece::setLines(const NSParagraphStyle& style, bool isFirst)
     const auto first = isFirst ? m_geometry.firstIndent : m_geometry.indent;
     const auto base = std::min(first, m_geometry.indent);
     pango_layout_set_indent(layout, pangoUnits(first - m_geometry.indent));
-    pango_layout_set_tabs(layout, tabStops(style, base, m_geometry.limit).get());
+    // There may be hundreds, for nothing.
+    if (m_content.characters.find('\t') != std::string::npos)
+        pango_layout_set_tabs(layout, tabStops(style, base, m_geometry.limit).get());
     pango_layout_set_alignment(layout, m_geometry.isRightToLeft ? PANGO_ALIGN_RIGHT : PANGO_ALIGN_LEFT);
     pango_layout_set_justify(layout, m_geometry.isJustified);
     if (mode == NSLineBreakMode::Clipping)
