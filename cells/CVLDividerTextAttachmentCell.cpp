@@ -35,7 +35,8 @@ NSRect CVLDividerTextAttachmentCell::lineRectWithFrame(NSRect cellFrame)
 
 void CVLDividerTextAttachmentCell::drawWithFrame(NSRect cellFrame, NSView& inView)
 {
-    inView.graphicsContext().fillRect(lineRectWithFrame(cellFrame), *NSColor::tertiaryLabelColor());
+    auto& context = inView.graphicsContext();
+    context.fillRect(context.alignedToPixels(lineRectWithFrame(cellFrame)), *NSColor::tertiaryLabelColor());
 }
 
 const NSClass& CVLDividerTextAttachmentCell::classObject()

@@ -86,6 +86,16 @@ cairo_line_join_t lineJoin(NSLineJoinStyle style)
     return CAIRO_LINE_JOIN_MITER;
 }
 
+/// To whole pixels, with at least one between them; which of them is the lower is kept.
+void alignEdges(double& one, double& other)
+{
+    auto& low = one < other ? one : other;
+    auto& high = one < other ? other : one;
+    const auto width = std::max(std::round(high - low), 1.0);
+    low = std::round(low);
+    high = low + width;
+}
+
 } // namespace
 
 NSGraphicsContext::NSGraphicsContext(CairoTarget& target, NSAppearance appearance, Flipped flipped)
@@ -135,6 +145,24 @@ void NSGraphicsContext::clipToRect(NSRect rect)
         return hideAll();
     cairo_set_fill_rule(m_target.cairo, CAIRO_FILL_RULE_WINDING);
     cairo_clip(m_target.cairo);
+}
+
+NSRect NSGraphicsContext::alignedToPixels(NSRect rect) const
+{
+    auto* cairo = m_target.cairo;
+    const auto isBitmap = cairo_surface_get_type(cairo_get_target(cairo)) == CAIRO_SURFACE_TYPE_IMAGE;
+    if (!isBitmap || rect.size.width <= 0 || rect.size.height <= 0)
+        return rect;
+    auto [left, top] = rect.origin;
+    auto right = left + rect.size.width;
+    auto bottom = top + rect.size.height;
+    cairo_user_to_device(cairo, &left, &top);
+    cairo_user_to_device(cairo, &right, &bottom);
+    alignEdges(left, right);
+    alignEdges(top, bottom);
+    cairo_device_to_user(cairo, &left, &top);
+    cairo_device_to_user(cairo, &right, &bottom);
+    return {{left, top}, {right - left, bottom - top}};
 }
 
 void NSGraphicsContext::fillRect(NSRect rect, const NSColor& color)

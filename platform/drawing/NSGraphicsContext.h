@@ -45,6 +45,10 @@ public:
     void clipToRect(NSRect rect);
 
     void fillRect(NSRect rect, const NSColor& color);
+    /// The rectangle with its edges moved to the nearest pixels, so that it is drawn without soft edges; none
+    /// of its sides becomes less than a pixel. As it is on a surface without pixels, and when it is empty.
+    [[nodiscard]] NSRect alignedToPixels(NSRect rect) const;
+
     /// The ellipse in the rectangle.
     void fillOvalInRect(NSRect rect, const NSColor& color);
     /// The outline of the ellipse, half of its width on either side of it.

@@ -71,7 +71,7 @@ void fillBorder(const PlacedBlock& placed, NSRectEdge edge, NSRect rect, NSGraph
 {
     const auto& own = placed.block->borderColorForEdge(edge);
     const auto color = own ? own : NSColor::tertiaryLabelColor();
-    context.fillRect(rect, *color);
+    context.fillRect(context.alignedToPixels(rect), *color);
 }
 
 void drawBlock(const PlacedBlock& placed, NSPoint corner, NSGraphicsContext& context)

@@ -33,6 +33,30 @@ TEST(NSGraphicsContext, FillsARectangleFromTheLowerLeft)
     EXPECT_EQ(pixel(pixels, 2, 12), kRed);
 }
 
+TEST(NSGraphicsContext, AlignsARectangleToWholePixels)
+{
+    for (const auto flipped : {Flipped::No, Flipped::Yes}) {
+        (void)drawn(
+            [](NSGraphicsContext& context) {
+                EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {3.2, 4.4}}), NSMakeRect(1, 3, 3, 4));
+                // Never nothing.
+                EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {0.2, 0.1}}).size, NSMakeSize(1, 1));
+                EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {0, 4}}), NSMakeRect(1.3, 2.6, 0, 4));
+                context.scale(2, 2);
+                EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {0.2, 0.9}}), NSMakeRect(1.5, 2.5, 0.5, 1));
+            },
+            flipped);
+    }
+}
+
+TEST(NSGraphicsContext, LeavesRectanglesOfADocumentAsTheyAre)
+{
+    const auto pdf = DrawingSurface{{16, 16}}.PDFRepresentation([](NSGraphicsContext& context) {
+        EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {3.2, 4.4}}), NSMakeRect(1.3, 2.6, 3.2, 4.4));
+    });
+    EXPECT_TRUE(pdf);
+}
+
 TEST(NSGraphicsContext, FillsARectangleFromTheUpperLeftWhenFlipped)
 {
     const auto pixels = drawn(
