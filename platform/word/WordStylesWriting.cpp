@@ -2,11 +2,8 @@
 
 namespace {
 
-constexpr std::string_view kPlainStyles
-    = "<w:style w:type=\"paragraph\" w:default=\"1\" w:styleId=\"Normal\"><w:name "
-      "w:val=\"Normal\"/><w:qFormat/>"
-      "</w:style>"
-      "<w:style w:type=\"character\" w:default=\"1\" w:styleId=\"DefaultParagraphFont\">"
+constexpr std::string_view kDefaultStyles
+    = "<w:style w:type=\"character\" w:default=\"1\" w:styleId=\"DefaultParagraphFont\">"
       "<w:name w:val=\"Default Paragraph Font\"/><w:uiPriority w:val=\"1\"/><w:semiHidden/></w:style>"
       "<w:style w:type=\"table\" w:default=\"1\" w:styleId=\"TableNormal\"><w:name w:val=\"Normal Table\"/>"
       "<w:uiPriority w:val=\"99\"/><w:semiHidden/><w:tblPr><w:tblInd w:w=\"0\" w:type=\"dxa\"/><w:tblCellMar>"
@@ -40,9 +37,21 @@ void writeDefaults(WordXML& xml, const WordFontLook& look)
 {
     xml.raw("<w:docDefaults><w:rPrDefault><w:rPr>");
     writeWordFamily(xml, look.family);
-    writeToggles(xml, look, {});
     writeWordFontSize(xml, look.size);
     xml.raw("</w:rPr></w:rPrDefault><w:pPrDefault/></w:docDefaults>");
+}
+
+/// Bold and slanted are said here and not in the defaults, which no style could switch off again.
+void writeNormal(WordXML& xml, const WordFontLook& look)
+{
+    xml.raw("<w:style w:type=\"paragraph\" w:default=\"1\" w:styleId=\"Normal\"><w:name w:val=\"Normal\"/>"
+            "<w:qFormat/>");
+    if (look.isBold || look.isItalic) {
+        xml.raw("<w:rPr>");
+        writeToggles(xml, look, {});
+        xml.raw("</w:rPr>");
+    }
+    xml.raw("</w:style>");
 }
 
 void writeHeading(WordXML& xml, std::size_t level, const WordFontLook& look, const WordFontLook& plain)
@@ -73,7 +82,8 @@ std::string wordStylesPart(const WordStyleLooks& looks)
     xml.raw(kWordNamespace);
     xml.raw(">");
     writeDefaults(xml, looks[0]);
-    xml.raw(kPlainStyles);
+    writeNormal(xml, looks[0]);
+    xml.raw(kDefaultStyles);
     for (std::size_t level = 1; level < looks.size(); ++level)
         writeHeading(xml, level, looks.at(level), looks[0]);
     xml.raw(kFurtherStyles);
