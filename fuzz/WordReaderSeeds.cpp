@@ -1,4 +1,8 @@
 #include "fuzz/Seeds.h"
+#include "platform/text/NSAttributeNames.h"
+#include "platform/text/NSParagraphStyle.h"
+#include "platform/text/NSTextTable.h"
+#include "platform/word/NSAttributedStringWord.h"
 #include "tests/support/WordPackageBytes.h"
 
 #include <string_view>
@@ -80,6 +84,25 @@ std::string package()
     return document.file();
 }
 
+/// What our own writer makes of a list, a link and a table.
+std::string written()
+{
+    auto table = std::make_shared<NSTextTable>();
+    table->setNumberOfColumns(1);
+    NSMutableParagraphStyle cell;
+    cell.setTextBlocks({std::make_shared<NSTextTableBlock>(table, 0, 1, 0, 1)});
+    NSMutableParagraphStyle item;
+    item.setTextLists({std::make_shared<NSTextList>(u"{decimal}.")});
+    NSMutableAttributedString text(
+        NSAttributedString(u"\t1.\titem\n", {{std::u16string(NSParagraphStyleAttributeName), item.copy()}}));
+    text.appendAttributedString(
+        NSAttributedString(u"cell\n", {{std::u16string(NSParagraphStyleAttributeName), cell.copy()}}));
+    text.appendAttributedString(
+        NSAttributedString(u"link", {{std::u16string(NSLinkAttributeName), u"https://a.example/"}}));
+    const auto document = NSAttributedStringDocumentFormats::WordDocumentFromRange(text, {0, text.length()});
+    return document ? document->bytes : std::string();
+}
+
 } // namespace
 
 std::vector<Seed> wordReaderSeeds()
@@ -94,5 +117,6 @@ std::vector<Seed> wordReaderSeeds()
         {"theme",
          "t<a:theme xmlns:a='a'><a:clrScheme><a:accent1><a:srgbClr val='204060'/></a:accent1></a:clrScheme>"
          "<a:majorFont><a:latin typeface='Courier New'/></a:majorFont></a:theme>"},
-        {"package", "p" + package()}};
+        {"package", "p" + package()},
+        {"written", "p" + written()}};
 }

@@ -24,15 +24,16 @@ struct Part {
 class DocumentWriter {
 public:
     DocumentWriter(const NSAttributedString& text, NSRange range, const NSAny::Dictionary& documentAttributes)
-        : m_page(wordPageOf(documentAttributes, text, range))
-        , m_styles(styleLooksOf(text, range))
+        : m_sets(wordAttributeSets(text, range))
+        , m_page(wordPageOf(documentAttributes, m_sets))
+        , m_styles(styleLooksOf(m_sets))
         , m_pictures(m_bodyRelationships, m_page.textWidth())
     {
         WordBodyWriting body(text, range, m_page, m_styles, m_bodyRelationships, m_pictures, m_lists);
         addPart("officeDocument", "word/document.xml", "wordprocessingml.document.main", body.part());
         addBesideBody("styles", wordStylesPart(m_styles));
         addBesideBody("settings", wordSettingsPart(m_page));
-        addBesideBody("fontTable", wordFontTablePart(text, range));
+        addBesideBody("fontTable", wordFontTablePart(m_sets));
         if (!m_lists.isEmpty())
             addBesideBody("numbering", m_lists.part());
         addProperties(documentAttributes);
@@ -109,6 +110,7 @@ private:
         return xml.takeBytes();
     }
 
+    std::vector<WordAttributeSet> m_sets;
     WordPage m_page;
     WordStyleLooks m_styles;
     WordRelationshipWriting m_relationships;

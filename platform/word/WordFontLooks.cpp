@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <map>
-#include <unordered_map>
 
 namespace {
 
@@ -50,16 +49,10 @@ std::size_t wordStyleIndexOf(const NSParagraphStyle& style)
     return hasStyle ? static_cast<std::size_t>(level) : 0;
 }
 
-WordStyleLooks styleLooksOf(const NSAttributedString& text, NSRange range)
+WordStyleLooks styleLooksOf(const std::vector<WordAttributeSet>& sets)
 {
-    // Runs share their attributes, of which a text has few.
-    std::unordered_map<const NSAttributes*, NSUInteger> lengths;
-    text.enumerateAttributesInRange(range, {.longestEffectiveRangeNotRequired = true},
-                                    [&](const NSAttributes& attributes, NSRange run, bool& /*stop*/) {
-                                        lengths[&attributes] += run.length;
-                                    });
     std::array<UnitCounts, kWordHeadingStyleCount + 1> counts;
-    for (const auto& [attributes, length] : lengths)
+    for (const auto& [attributes, length] : sets)
         counts.at(styleIndexOfRun(*attributes))[fontLookOf(*attributes)] += length;
     WordStyleLooks looks;
     const auto* const plain = mostUsed(counts[0]);

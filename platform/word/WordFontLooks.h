@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/text/NSAttributedString.h"
 #include "platform/text/NSParagraphStyle.h"
+#include "platform/word/WordAttributeSets.h"
 #include "platform/word/WordXML.h"
 
 #include <array>
@@ -33,7 +33,7 @@ inline constexpr std::size_t kWordHeadingStyleCount = 6;
 /// bold and larger.
 using WordStyleLooks = std::array<WordFontLook, kWordHeadingStyleCount + 1>;
 
-[[nodiscard]] WordStyleLooks styleLooksOf(const NSAttributedString& text, NSRange range);
+[[nodiscard]] WordStyleLooks styleLooksOf(const std::vector<WordAttributeSet>& sets);
 
 /// Writes the family, for all scripts.
 void writeWordFamily(WordXML& xml, std::u16string_view family);

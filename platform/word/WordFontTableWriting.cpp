@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <unordered_set>
 
 namespace {
 
@@ -30,30 +29,28 @@ Kind kindOf(const NSFont& font)
     return isSerif ? Kind{"roman", "variable", u"Times New Roman"} : Kind{"swiss", "variable", u"Arial"};
 }
 
-std::map<std::u16string, Kind> familiesOf(const NSAttributedString& text, NSRange range)
+std::map<std::u16string, Kind> familiesOf(const std::vector<WordAttributeSet>& sets)
 {
     std::map<std::u16string, Kind> families;
-    std::unordered_set<const void*> met;
-    text.enumerateAttribute(NSFontAttributeName, range, {.longestEffectiveRangeNotRequired = true},
-                            [&](const NSAny& value, NSRange /*run*/, bool& /*stop*/) {
-                                if (!met.insert(value.identity()).second)
-                                    return;
-                                if (const auto font = value.object<NSFont>())
-                                    families.emplace(font->familyName(), kindOf(*font));
-                            });
+    for (const auto& set : sets) {
+        const auto found = set.attributes->find(NSFontAttributeName);
+        const auto font = found == set.attributes->end() ? nullptr : found->second.object<NSFont>();
+        if (font)
+            families.emplace(font->familyName(), kindOf(*font));
+    }
     return families;
 }
 
 } // namespace
 
-std::string wordFontTablePart(const NSAttributedString& text, NSRange range)
+std::string wordFontTablePart(const std::vector<WordAttributeSet>& sets)
 {
     WordXML xml;
     xml.raw(kWordXMLDeclaration);
     xml.raw("<w:fonts");
     xml.raw(kWordNamespace);
     xml.raw(">");
-    for (const auto& [family, kind] : familiesOf(text, range)) {
+    for (const auto& [family, kind] : familiesOf(sets)) {
         xml.raw("<w:font");
         xml.attribute("w:name", family);
         xml.raw(">");

@@ -22,16 +22,14 @@ NSAny valueOf(const NSAny::Dictionary& attributes, std::u16string_view name)
     return found == attributes.end() ? NSAny() : found->second;
 }
 
-double intervalOf(const NSAttributedString& text, NSRange range)
+double intervalOf(const std::vector<WordAttributeSet>& sets)
 {
-    double interval = 0;
-    text.enumerateAttribute(NSParagraphStyleAttributeName, range, {.longestEffectiveRangeNotRequired = true},
-                            [&interval](const NSAny& value, NSRange /*run*/, bool& stop) {
-                                const auto style = value.object<NSParagraphStyle>();
-                                interval = style ? style->defaultTabInterval() : 0;
-                                stop = interval > 0;
-                            });
-    return interval > 0 ? interval : kUsualTabInterval;
+    for (const auto& set : sets) {
+        const auto style = valueOf(*set.attributes, NSParagraphStyleAttributeName).object<NSParagraphStyle>();
+        if (style && style->defaultTabInterval() > 0)
+            return style->defaultTabInterval();
+    }
+    return kUsualTabInterval;
 }
 
 } // namespace
@@ -41,8 +39,7 @@ double WordPage::textWidth() const
     return std::max(paper.width - margins.left - margins.right, kLeastTextWidth);
 }
 
-WordPage wordPageOf(const NSAny::Dictionary& documentAttributes, const NSAttributedString& text,
-                    NSRange range)
+WordPage wordPageOf(const NSAny::Dictionary& documentAttributes, const std::vector<WordAttributeSet>& sets)
 {
     const auto margin = [&documentAttributes](std::u16string_view name) {
         const auto value = valueOf(documentAttributes, name);
@@ -57,7 +54,7 @@ WordPage wordPageOf(const NSAny::Dictionary& documentAttributes, const NSAttribu
     if (size && size->width > 0 && size->height > 0)
         page.paper = *size;
     if (!(page.tabInterval > 0))
-        page.tabInterval = intervalOf(text, range);
+        page.tabInterval = intervalOf(sets);
     return page;
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/foundation/NSAny.h"
 #include "platform/foundation/NSGeometry.h"
-#include "platform/text/NSAttributedString.h"
+#include "platform/word/WordAttributeSets.h"
 #include "platform/word/WordXML.h"
 
 /// The page of a document, in points.
@@ -18,8 +18,8 @@ struct WordPage {
 
 /// The page that the document attributes ask for; without them US Letter with margins of an inch. Tabs stop
 /// where the text's first style with an interval has it, else where the platform's do, every 28 points.
-[[nodiscard]] WordPage wordPageOf(const NSAny::Dictionary& documentAttributes, const NSAttributedString& text,
-                                  NSRange range);
+[[nodiscard]] WordPage wordPageOf(const NSAny::Dictionary& documentAttributes,
+                                  const std::vector<WordAttributeSet>& sets);
 
 /// Writes the properties of the one section of a document.
 void writeWordSection(WordXML& xml, const WordPage& page);
