@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Of 1 to 9. Higher ones take twice the time and more for a fifth of the size.
+/// Of 1 to 9. The usual one, 6, takes XML of texts half as much time again and more, for a tenth of the size.
 constexpr zip_uint32_t kDeflateLevel = 1;
 /// Year, month and day as the format packs them.
 constexpr zip_uint16_t kFirstDate = (0U << 9U) | (1U << 5U) | 1U;
