@@ -105,7 +105,9 @@ NSFileWrapper::Ref notePackage(const NotePackageSource& source, NSError* error)
                              NSFileWrapper::initRegularFileWithContents(*std::move(archive)));
     addAttributes(members, noteAttributes(source, dividerRanges));
     for (const auto& [name, member] : members) {
-        member->setPreferredFilename(name);
+        // Files of the note have these names; other threads may be saving them too, in other notes.
+        if (member->preferredFilename() != name)
+            member->setPreferredFilename(name);
         (void)package->addFileWrapper(member); // Which key it got does not matter: readers look names up.
     }
     return package;

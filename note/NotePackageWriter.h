@@ -18,5 +18,6 @@ struct NotePackageSource {
 
 /// The note as a package: the RTFD document of its exportable text, with the note's own members laid on top.
 /// Null, with the reason in `error`, when one of the texts cannot be written. Files of the text become
-/// members as they are, and get their names for preferred names.
+/// members as they are: nothing of the note is changed, so that notes which share files may be written on
+/// several threads.
 [[nodiscard]] NSFileWrapper::Ref notePackage(const NotePackageSource& source, NSError* error);

@@ -12,6 +12,7 @@
 #include "styles/CVLNoteTextStyle.h"
 
 #include <algorithm>
+#include <climits>
 #include <string_view>
 #include <utility>
 
@@ -22,12 +23,22 @@ bool isStored(const NSAttributes::value_type& attribute)
     return storedAttributeNames().contains(attribute.first);
 }
 
+/// The package's own members keep their names, and what no file can be called, or what would be another text
+/// when it is read again, is no name of a member.
+bool isNameOfMember(std::u16string_view name)
+{
+    const auto isOwn = name == kNoteTextMember || name == kNoteAttributesMember || name == kNoteRTFMember;
+    const auto onDisk = fileNameFromText(name);
+    return !isOwn && isFileName(std::string_view(onDisk)) && onDisk.size() <= NAME_MAX
+        && textFromFileName(onDisk) == name;
+}
+
 std::u16string uniqueNameLike(const std::u16string& name)
 {
     auto unique = UTF16FromUTF8(NSUUID::UUIDString());
     const auto extension = pathExtension(name);
-    const auto isUsable = !extension.empty() && isFileName(std::u16string_view(extension));
-    return isUsable ? unique + u"." + extension : unique;
+    auto withExtension = unique + u"." + extension;
+    return !extension.empty() && isNameOfMember(withExtension) ? withExtension : unique;
 }
 
 /// Another wrapper with the same contents and attributes.
@@ -55,13 +66,6 @@ void takeDivider(NSMutableAttributedString& text, NSRange run, StoredAttachments
     text.replaceCharactersInRange(run, replacement);
     text.removeAttribute(NSAttachmentAttributeName, range);
     stored.dividerRanges.push_back(range);
-}
-
-/// The package's own members keep their names, and what no file can be called is no name of a member.
-bool isNameOfMember(std::u16string_view name)
-{
-    const auto isOwn = name == kNoteTextMember || name == kNoteAttributesMember || name == kNoteRTFMember;
-    return !isOwn && isFileName(name);
 }
 
 NSFileWrapper::Ref namedAfresh(const NSFileWrapper& file)

@@ -15,8 +15,9 @@
 /// Removes all other attributes.
 void removeAttributesNotStored(NSMutableAttributedString& text);
 
-/// Gives files that are called as one of the package's own members, or as no file can be, copies under fresh
-/// unique names with the same extensions: they would take the place of those members, or have none.
+/// Gives files that are called as one of the package's own members, or as no file can be (with a slash, in
+/// more than 255 bytes, with half a character), copies under fresh unique names, with the same extensions
+/// where these fit: they would take the place of those members, or have none.
 void renameFilesThatNoMemberCanBe(NSMutableAttributedString& text);
 
 /// What is stored beside a note's text instead of in it.
@@ -29,8 +30,8 @@ struct StoredAttachments {
 
 /// Takes files and dividers out of the text: files become placeholders with the names of members, dividers
 /// become the asterisks that stand for them. Of two files of one name the second is copied under a fresh
-/// unique name with the same extension, and so is a file in whose place `package`, to which the files are
-/// added, holds other contents. Checklist boxes and attachments whose file has no preferred name stay in the
-/// text as they are.
+/// unique name with the same extension if it fits, and so is a file in whose place `package`, to which the
+/// files are added, holds other contents. Checklist boxes and attachments whose file has no preferred name
+/// stay in the text as they are.
 [[nodiscard]] StoredAttachments takeAttachments(NSMutableAttributedString& text,
                                                 const NSFileWrapper& package);

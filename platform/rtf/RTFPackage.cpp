@@ -68,14 +68,8 @@ NSFileWrapper::Ref fileOf(const NSTextAttachment& attachment)
 /// The file under another name, for which it is copied: it may be of other packages too.
 NSFileWrapper::Ref renamed(const NSFileWrapper::Ref& file, std::u16string name)
 {
-    NSFileWrapper::Ref copy;
-    if (file->regularFileContents())
-        copy = NSFileWrapper::initRegularFileWithContents(*file->regularFileContents());
-    else if (file->isDirectory())
-        copy = NSFileWrapper::initDirectoryWithFileWrappers(file->fileWrappers());
-    else
-        return nullptr;
-    copy->setFileAttributes(file->fileAttributes());
+    auto copy = std::make_shared<NSFileWrapper>(*file);
+    copy->setFilename(std::nullopt);
     copy->setPreferredFilename(std::move(name));
     return copy;
 }

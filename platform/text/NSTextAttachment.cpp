@@ -121,7 +121,8 @@ void NSTextAttachment::decodeFromCoder(NSCoder& coder)
     if (auto contents = coder.decodeBytesForKey("NS.contents"))
         m_contents = NSData{std::move(*contents)};
     m_fileType = coder.decodeStringForKey("NS.fileType");
-    if (m_contents && m_fileType)
+    const bool hasContents = m_contents && !m_contents->bytes.empty();
+    if (hasContents && m_fileType)
         return;
     auto wrapper = coder.decodeObjectOfClass(NSFileWrapper::classObject(), "NSFileWrapper")
                        .mutableObject<NSFileWrapper>();

@@ -10,6 +10,9 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <thread>
+
 using testing::HasSubstr;
 
 namespace {
@@ -85,6 +88,7 @@ TEST_F(NotePackageWriter, WritesTheAttributesOfAPlainNote)
             expected.emplace(key, std::move(value));
     EXPECT_EQ(storedAttributes({}), expected);
     EXPECT_TRUE(expected.contains(u"appIdentifier"));
+    EXPECT_TRUE(expected.contains(u"appVersion"));
 }
 
 TEST_F(NotePackageWriter, WritesWhatTheNoteHasBesides)
@@ -190,6 +194,44 @@ TEST_F(NotePackageWriter, LeavesTheNoteAsItIs)
     EXPECT_EQ(attachmentAt(text, 0)->fileWrapper(), file);
     EXPECT_EQ(file->preferredFilename(), u"a.png");
     EXPECT_EQ(file->filename(), u"a.png");
+}
+
+// Other notes may have the same files, and be saved on other threads.
+TEST_F(NotePackageWriter, ChangesNoFileOfTheNoteNotEvenIntoTheSame)
+{
+    const auto name = std::u16string(220, u'n') + u".pages";
+    const auto inner = makeFile(u"inner");
+    const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({{u"inner", inner}});
+    inner->setPreferredFilename(std::nullopt);
+    folder->setPreferredFilename(name);
+    const auto* const before = folder->preferredFilename()->data();
+    (void)packageOf(
+        {.noteText = NoteText().addAttachment(NSTextAttachment::initWithFileWrapper(folder)).text()});
+    EXPECT_EQ(folder->preferredFilename()->data(), before);
+    EXPECT_EQ(inner->preferredFilename(), std::nullopt);
+}
+
+TEST_F(NotePackageWriter, WritesNotesThatShareFilesOnSeveralThreads)
+{
+    const auto file = makeFile(u"a file with a name of some length.png", "image");
+    const auto text = NoteText().addAttachment(NSTextAttachment::initWithFileWrapper(file)).add(u"x").text();
+    const auto write = [&text](bool& isWritten) {
+        constexpr int kRounds = 300;
+        isWritten = true;
+        for (int round = 0; round < kRounds && isWritten; ++round) {
+            const auto package = notePackage({.noteText = text}, nullptr);
+            const auto member
+                = package ? package->fileWrapperForKey(u"a file with a name of some length.png") : nullptr;
+            isWritten = member && member->regularFileContents()->bytes == "image";
+        }
+    };
+    bool first = false;
+    bool second = false;
+    std::thread other(write, std::ref(first));
+    write(second);
+    other.join();
+    EXPECT_TRUE(first);
+    EXPECT_TRUE(second);
 }
 
 TEST_F(NotePackageWriter, FailsWhenTheTextCannotBeArchived)

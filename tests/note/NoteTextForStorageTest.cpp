@@ -163,6 +163,62 @@ TEST_F(NoteTextForStorage, NamesFilesAfreshThatAreCalledAsNoFileCanBe)
     }
 }
 
+TEST_F(NoteTextForStorage, NamesFilesAfreshWhoseNamesAreTooLong)
+{
+    std::u16string chinese;
+    for (int count = 0; count < 90; ++count)
+        chinese += u'\u4E2D'; // Three bytes each.
+    const std::vector<std::pair<std::u16string, std::string>> names{
+        {std::u16string(252, u'a') + u".png", "\\.png"},
+        {std::u16string(300, u'a'), ""},
+        {chinese + u".png", "\\.png"},
+        {u"a." + std::u16string(254, u'b'), ""}};
+    for (const auto& [name, extension] : names) {
+        auto text = NoteText().addAttachment(makeAttachment(name)).text();
+        renameFilesThatNoMemberCanBe(text);
+        EXPECT_THAT(nameAt(text, 0), MatchesRegex(kUUID + extension));
+        EXPECT_EQ(contentsAt(text, 0), "contents");
+    }
+}
+
+TEST_F(NoteTextForStorage, KeepsTheLongestNameThatAFileCanHave)
+{
+    auto text = NoteText().addAttachment(makeAttachment(std::u16string(251, u'a') + u".png")).text();
+    renameFilesThatNoMemberCanBe(text);
+    EXPECT_EQ(nameAt(text, 0), std::string(251, 'a') + ".png");
+}
+
+TEST_F(NoteTextForStorage, DropsAnExtensionThatDoesNotFitBehindAUniqueName)
+{
+    // A unique name takes 36 bytes and the full stop one.
+    for (const auto& [length, fits] : {std::pair(218, true), std::pair(219, false)}) {
+        const std::u16string extension(static_cast<std::size_t>(length), u'b');
+        auto text = NoteText()
+                        .addAttachment(makeAttachment(u"a." + extension, "first"))
+                        .addAttachment(makeAttachment(u"a." + extension, "second"))
+                        .text();
+        const auto stored = takeAttachments(text, NotePackage().wrapper());
+        EXPECT_EQ(nameAt(text, 0), UTF8FromUTF16(u"a." + extension));
+        EXPECT_THAT(nameAt(text, 1), MatchesRegex(kUUID + std::string(fits ? "\\.b{218}" : "")));
+        EXPECT_EQ(contentsOf(stored, nameAt(text, 1)), "second");
+    }
+}
+
+// On disk half a character is U+FFFD: the name would be another when it is read again, and may be another's.
+TEST_F(NoteTextForStorage, NamesFilesAfreshWithHalfACharacterInTheirNames)
+{
+    auto text = NoteText()
+                    .addAttachment(makeAttachment(std::u16string{0xD800, u'a'}))
+                    .addAttachment(makeAttachment(u"\uFFFDa"))
+                    .addAttachment(makeAttachment(std::u16string{0xDCFE, u'a'}))
+                    .text();
+    renameFilesThatNoMemberCanBe(text);
+    EXPECT_THAT(nameAt(text, 0), MatchesRegex(kUUID));
+    EXPECT_EQ(nameAt(text, 1), "\uFFFDa");
+    // This one stands for the byte FE, and is that byte on disk.
+    EXPECT_EQ(attachmentAt(text, 2)->fileWrapper()->preferredFilename(), (std::u16string{0xDCFE, u'a'}));
+}
+
 TEST_F(NoteTextForStorage, NamesAFileAfreshInWhosePlaceThePackageHoldsAnother)
 {
     for (const auto& [held, isSame] : {std::pair("image", true), std::pair("other", false)}) {

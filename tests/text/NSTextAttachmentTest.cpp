@@ -160,6 +160,9 @@ TEST(NSTextAttachment, ReadsAFileWhereContentsOrTypeAreMissing)
     EXPECT_EQ(read({{"NSFileWrapper", wrapper}})->fileWrapper(), wrapper);
     EXPECT_EQ(read({{"NSFileWrapper", wrapper}, {"NS.fileType", u"public.png"}})->fileWrapper(), wrapper);
     EXPECT_EQ(read({{"NSFileWrapper", wrapper}, {"NS.contents", NSData{"x"}}})->fileWrapper(), wrapper);
+    EXPECT_EQ(read({{"NSFileWrapper", wrapper}, {"NS.contents", NSData{}}, {"NS.fileType", u"public.png"}})
+                  ->fileWrapper(),
+              wrapper);
     const auto typeOnly = read({{"NS.fileType", u"public.png"}});
     EXPECT_EQ(typeOnly->fileType(), u"public.png");
     EXPECT_EQ(read({{"NS.contents", NSData{"x"}}})->contents()->bytes, "x");
