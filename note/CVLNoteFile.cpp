@@ -10,7 +10,6 @@
 #include "note/NoteRecovery.h"
 #include "note/NoteTextForStorage.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/foundation/NSLog.h"
 #include "platform/foundation/NSURLResourceValues.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/text/NSAttributeNames.h"
@@ -40,12 +39,13 @@ std::unique_ptr<CVLNoteFile> CVLNoteFile::initWithFileWrapper(const NSFileWrappe
 
 bool CVLNoteFile::readFileAtURL(const NSURL& url, NSError* error)
 {
-    const auto package = NSFileWrapper::initWithURL(url, NSFileWrapperReadingOptions::Immediate, error);
+    auto package = NSFileWrapper::initWithURL(url, NSFileWrapperReadingOptions::Immediate, error);
     if (!package)
         return false;
     NSError readingError;
     if (readFileWrapper(*package, &readingError))
         return true;
+    package.reset(); // Recovery reads all of it again.
     if (isRecoverable(readingError) && attemptRecoveryFromRTFD(url, error))
         return true;
     setError(error, std::move(readingError));
@@ -70,14 +70,15 @@ bool CVLNoteFile::readFileWrapper(const NSFileWrapper& fileWrapper, NSError* err
         setError(error, std::move(contents.textError));
         return false;
     }
-    setNoteText(shownNoteText(*std::move(contents.text), contents.attributes.value_or(NoteAttributes()),
+    const NoteAttributes none;
+    setNoteText(shownNoteText(*std::move(contents.text), contents.attributes ? *contents.attributes : none,
                               fileWrapper));
     return true;
 }
 
 bool CVLNoteFile::attemptRecoveryFromRTFD(const NSURL& url, NSError* error)
 {
-    NSLog("Attempting to recover note from RTFD: {}", url.absoluteString());
+    logRecovery(url);
     NSError readingError;
     const auto package
         = NSFileWrapper::initWithURL(url, NSFileWrapperReadingOptions::Immediate, &readingError);

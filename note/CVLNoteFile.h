@@ -32,7 +32,7 @@ inline constexpr std::u16string_view CVLNoteOnlyShareNameToRemindersKey = u"CVLN
 /// the note, and those of files and archives otherwise.
 class CVLNoteFile {
 public:
-    /// A new note: no text, the user's default background, and RTF for its documentAttributes.
+    /// A new note: no text, the user's default background, and RTFD for its documentAttributes.
     CVLNoteFile();
 
     /// Null, with the reason in `error`, when there is no note that can be read. A note that was read has no
@@ -83,7 +83,8 @@ public:
     /// own form, and black where the text colour follows the appearance.
     [[nodiscard]] NSMutableAttributedString noteTextSuitableForExport() const;
 
-    /// The package, in memory. Null, with the reason in `error`, when the text cannot be written.
+    /// The package, in memory. Null, with the reason in `error`, when the text cannot be written. Other notes
+    /// with the same files may be saved on other threads meanwhile.
     [[nodiscard]] NSFileWrapper::Ref fileWrapper(NSError* error = nullptr) const;
 
     /// Writes the package, as a whole or not at all: until the new one is complete and on disk, the old one

@@ -2,7 +2,11 @@
 
 #include "colours/ColourForms.h"
 #include "note/NotePackage.h"
+#include "platform/foundation/NSLog.h"
 #include "platform/foundation/NSPropertyList.h"
+
+#include <algorithm>
+#include <span>
 
 namespace {
 
@@ -16,10 +20,15 @@ NSAny valueForKey(const NSAny& propertyList, std::u16string_view key)
 std::vector<NSRange> rangesOf(const NSAny& value)
 {
     std::vector<NSRange> ranges;
-    if (const auto* array = value.array())
-        for (const auto& element : *array)
-            if (const auto* text = element.string())
-                ranges.push_back(NSRangeFromString(*text));
+    const auto* array = value.array();
+    if (!array)
+        return ranges;
+    const auto count = std::min(array->size(), NoteAttributes::kMostDividerRanges);
+    if (count < array->size())
+        NSLog("A note names {} dividers; the first ones stay as text", array->size());
+    for (const auto& element : std::span(*array).last(count))
+        if (const auto* text = element.string())
+            ranges.push_back(NSRangeFromString(*text));
     return ranges;
 }
 

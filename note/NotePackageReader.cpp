@@ -3,23 +3,10 @@
 #include "note/NoteAttachmentBinding.h"
 #include "note/NotePackage.h"
 #include "note/StoredNoteText.h"
-#include "platform/foundation/NSLog.h"
 #include "richtext/DynamicColours.h"
 #include "richtext/ListRecognition.h"
 
-#include <string_view>
 #include <utility>
-
-namespace {
-
-void takeText(NotePackageContents& contents, std::string_view archive)
-{
-    contents.text = unarchivedNoteText(archive, contents.textError);
-    if (!contents.text)
-        NSLog("Could not decode note text: {}", contents.textError.localizedDescription());
-}
-
-} // namespace
 
 NotePackageContents contentsOfNotePackage(const NSFileWrapper& package)
 {
@@ -31,7 +18,7 @@ NotePackageContents contentsOfNotePackage(const NSFileWrapper& package)
         if (isText && (!file || file->bytes.empty()))
             break;
         if (isText)
-            takeText(contents, file->bytes);
+            contents.text = unarchivedNoteText(file->bytes, contents.textError);
         else if (name == kNoteAttributesMember && file)
             contents.attributes = NoteAttributes::attributesFromData(file->bytes);
     }

@@ -12,7 +12,8 @@ struct NotePackageContents {
     /// None when it could not be decoded; `textError` says why then.
     std::optional<NSMutableAttributedString> text = NSMutableAttributedString();
     NSError textError;
-    /// Whether there was a NoteText, an empty one too.
+    /// Whether there was a NoteText; true of an empty one too, because that makes the note an empty one, and
+    /// nothing is recovered in its place.
     bool hasText = false;
     /// None when no file NoteAttributes was visited.
     std::optional<NoteAttributes> attributes;

@@ -1,68 +1,71 @@
 #include "note/NotePlainText.h"
 
-#include "note/CVLNoteFile.h"
+#include "note/NoteAttributes.h"
+#include "note/NoteMembers.h"
+#include "note/NotePackage.h"
 #include "note/NoteRecovery.h"
+#include "note/StoredNoteText.h"
+#include "platform/foundation/BinaryPropertyList.h"
 #include "platform/foundation/NSLog.h"
 
+#include <algorithm>
 #include <string_view>
-#include <sys/stat.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
-/// Nothing for what is not there. What is no file is there, but its contents are nothing to read.
-bool statusOf(const std::string& path, struct stat& status)
+using State = NoteMembers::State;
+
+/// A NoteAttributes in the binary form may have more bytes than other members, for the drawings in it, but
+/// not more values than these: each takes up to a hundred bytes while it is read, in a list one in the file.
+constexpr std::size_t kMostAttributesBytes = std::size_t{64} << 20U;
+constexpr std::size_t kMostAttributesValues = 1'000'000;
+
+/// What a binary property list refers to, in all. What is none has none, and is not read.
+std::size_t valueCount(std::string_view data)
 {
-    return ::lstat(path.c_str(), &status) == 0;
+    using Kind = BinaryPropertyList::Kind;
+    const auto list = BinaryPropertyList::createWithData(data);
+    std::size_t count = list ? list->objectCount() : 0;
+    for (BinaryPropertyList::Reference object = 0; list && object < list->objectCount(); ++object)
+        if (list->kind(object) == Kind::Array || list->kind(object) == Kind::Dictionary)
+            count += list->count(object);
+    return count;
 }
 
-/// The members that hold text, in a folder by themselves.
-class TextMembers {
-public:
-    TextMembers(const NSURL& package, std::size_t mostBytes)
-        : m_package(package)
-        , m_mostBytes(mostBytes)
-    {
-    }
-
-    /// @return false when the member is there and cannot be read, or has too many bytes.
-    bool add(std::string_view name)
-    {
-        const auto url = m_package.URLByAppendingPathComponent(name);
-
-        struct stat status { };
-
-        if (!statusOf(url.path(), status))
-            return true;
-        if (!S_ISREG(status.st_mode))
-            return addMember(std::make_shared<NSFileWrapper>(NSFileType::Directory), name);
-        if (static_cast<std::size_t>(status.st_size) > m_mostBytes) {
-            NSLog("{} is too large for its text to be read", url.absoluteString());
-            return false;
-        }
-        return addMember(NSFileWrapper::initWithURL(url, NSFileWrapperReadingOptions::Immediate), name);
-    }
-
-    [[nodiscard]] const NSFileWrapper& folder() const { return *m_folder; }
-
-private:
-    bool addMember(const NSFileWrapper::Ref& member, std::string_view name)
-    {
-        if (!member)
-            return false;
-        member->setPreferredFilename(std::u16string(name.begin(), name.end()));
-        return !m_folder->addFileWrapper(member).empty();
-    }
-
-    const NSURL& m_package;
-    std::size_t m_mostBytes;
-    NSFileWrapper::Ref m_folder = std::make_shared<NSFileWrapper>(NSFileType::Directory);
-};
-
-std::optional<std::u16string> recoveredText(const NSURL& url, const NSFileWrapper& package)
+/// Where the note has dividers; none when that takes too much to find out, which is logged.
+std::vector<NSRange> dividerRanges(const NoteMembers& members, std::size_t mostMemberBytes)
 {
-    NSLog("Attempting to recover note from RTFD: {}", url.absoluteString());
+    const auto most = std::max(mostMemberBytes, kMostAttributesBytes);
+    const auto member = members.read(kNoteAttributesMember, most);
+    if (member.state != State::Read)
+        return {};
+    const bool isBinary = member.bytes.starts_with(kBinaryPropertyListStart);
+    const bool isModest = isBinary ? valueCount(member.bytes) <= kMostAttributesValues
+                                   : member.bytes.size() <= mostMemberBytes;
+    if (isModest)
+        return NoteAttributes::attributesFromData(member.bytes).dividerRanges;
+    NSLog("The attributes of a note hold too much; its dividers stay as text");
+    return {};
+}
+
+std::optional<std::u16string> recoveredText(const NSURL& url, const NoteMembers& members,
+                                            NoteMembers::Member richText)
+{
+    if (richText.state == State::Unreadable || richText.state == State::TooLarge)
+        return std::nullopt;
+    logRecovery(url);
+    const auto package = members.packageWithContents(kNoteRTFMember, std::move(richText));
     NSError error;
-    const auto text = noteTextFromRTFD(package, error);
+    return package ? noteCharactersFromRTFD(*package, error) : std::nullopt;
+}
+
+/// The characters of NoteText, by themselves; none when it cannot be decoded.
+std::optional<std::u16string> decodedCharacters(std::string_view archive)
+{
+    NSError error;
+    const auto text = unarchivedNoteText(archive, error);
     return text ? std::optional(std::u16string(text->string())) : std::nullopt;
 }
 
@@ -70,15 +73,19 @@ std::optional<std::u16string> recoveredText(const NSURL& url, const NSFileWrappe
 
 std::optional<std::u16string> plainTextOfNotePackage(const NSURL& url, std::size_t mostMemberBytes)
 {
-    struct stat status { };
-
-    if (!statusOf(url.path(), status) || !S_ISDIR(status.st_mode))
+    const auto members = NoteMembers::createWithURL(url);
+    auto stored = members ? members->read(kNoteTextMember, mostMemberBytes) : NoteMembers::Member();
+    if (!members || stored.state == State::Unreadable || stored.state == State::TooLarge)
         return std::nullopt;
-    TextMembers members(url, mostMemberBytes);
-    if (!members.add("NoteText") || !members.add("NoteAttributes") || !members.add("TXT.rtf"))
-        return std::nullopt;
-    NSError error;
-    if (const auto note = CVLNoteFile::initWithFileWrapper(members.folder(), &error))
-        return std::u16string(note->noteText().string());
-    return isRecoverable(error) ? recoveredText(url, members.folder()) : std::nullopt;
+    if (stored.state != State::Absent && stored.bytes.empty())
+        return u"";
+    if (stored.state == State::Read) {
+        const auto characters = decodedCharacters(std::exchange(stored.bytes, {}));
+        if (characters)
+            return charactersWithDividers(*characters, dividerRanges(*members, mostMemberBytes));
+    }
+    auto richText = members->read(kNoteRTFMember, mostMemberBytes);
+    if (richText.state != State::Absent)
+        return recoveredText(url, *members, std::move(richText));
+    return stored.state == State::Absent ? std::optional(std::u16string()) : std::nullopt;
 }

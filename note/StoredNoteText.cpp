@@ -21,6 +21,25 @@ namespace {
 /// A number that no colour is stored under: highlights that have a colour of their own.
 constexpr NSInteger kNoHighlightColorType = 999;
 
+std::optional<NSMutableAttributedString> decodedText(std::string_view archive, NSError& error)
+{
+    const auto unarchiver = NSKeyedUnarchiver::initForReadingFromData(archive, attachmentClasses(), &error);
+    if (!unarchiver)
+        return std::nullopt;
+    // Attachments of several classes and their files are in there; the table bounds what can be made.
+    unarchiver->setRequiresSecureCoding(false);
+    const auto root = unarchiver->decodeTopLevelObjectOfClasses(
+        {&NSAttributedStringObject::mutableClassObject(), &CVLChecklistTextAttachment::classObject(),
+         &NSTextAttachment::classObject(), &NSFileWrapper::classObject()},
+        NSKeyedArchiveRootObjectKey, &error);
+    const auto text = root.object<NSAttributedStringObject>();
+    if (!text && error.domain().empty())
+        error = NSError::errorWithCode(NSCocoaError::CoderReadCorrupt, "the archive holds no text");
+    if (!text)
+        return std::nullopt;
+    return NSMutableAttributedString(text->text());
+}
+
 /// Visits the runs that have the attribute.
 template <typename Visitor>
 void enumerateValues(NSMutableAttributedString& text, std::u16string_view name, NSRange range, Visitor visit)
@@ -62,6 +81,36 @@ std::vector<ChecklistParagraph> checklistParagraphs(NSMutableAttributedString& t
 /// the text has; one that jumps back and forth would make each step cost as much as the text.
 constexpr NSUInteger kMostUnitsBetweenDividers = NSUInteger{1} << 28U;
 
+/// Dividers that stand for no text. Writers make none, and each makes the text larger, while a list may name
+/// one range a million times in as many bytes.
+constexpr NSUInteger kMostEmptyDividers = 10'000;
+
+/// Visits the ranges that become dividers, the last first, in the text as those before have left it.
+template <typename Visitor>
+void enumerateDividers(NSUInteger length, const std::vector<NSRange>& ranges, Visitor visit)
+{
+    auto unitsLeft = length + kMostUnitsBetweenDividers;
+    auto emptyLeft = kMostEmptyDividers;
+    auto dividersLeft = length + kMostEmptyDividers;
+    auto last = length;
+    for (auto next = ranges.rbegin(); next != ranges.rend(); ++next) {
+        const auto range = *next;
+        if (range.location >= length || range.length >= length - range.location)
+            continue;
+        if (dividersLeft == 0 || (range.length == 0 && emptyLeft == 0))
+            return NSLog("The dividers of a note are too many; some stay as text");
+        const auto distance = std::max(range.location, last) - std::min(range.location, last);
+        if (distance > unitsLeft)
+            return NSLog("The dividers of a note are in no order; some stay as text");
+        unitsLeft -= distance;
+        emptyLeft -= range.length == 0 ? 1 : 0;
+        --dividersLeft;
+        last = range.location;
+        visit(range);
+        length = length - range.length + 1;
+    }
+}
+
 void restoreHighlightOfType(NSMutableAttributedString& text, NSInteger type, NSRange range)
 {
     const auto color
@@ -89,21 +138,10 @@ void restoreHighlightOfColors(NSMutableAttributedString& text, NSRange range)
 
 std::optional<NSMutableAttributedString> unarchivedNoteText(std::string_view archive, NSError& error)
 {
-    const auto unarchiver = NSKeyedUnarchiver::initForReadingFromData(archive, attachmentClasses(), &error);
-    if (!unarchiver)
-        return std::nullopt;
-    // Attachments of several classes and their files are in there; the table bounds what can be made.
-    unarchiver->setRequiresSecureCoding(false);
-    const auto root = unarchiver->decodeTopLevelObjectOfClasses(
-        {&NSAttributedStringObject::mutableClassObject(), &CVLChecklistTextAttachment::classObject(),
-         &NSTextAttachment::classObject(), &NSFileWrapper::classObject()},
-        NSKeyedArchiveRootObjectKey, &error);
-    const auto text = root.object<NSAttributedStringObject>();
-    if (!text && error.domain().empty())
-        error = NSError::errorWithCode(NSCocoaError::CoderReadCorrupt, "the archive holds no text");
+    auto text = decodedText(archive, error);
     if (!text)
-        return std::nullopt;
-    return NSMutableAttributedString(text->text());
+        NSLog("Could not decode note text: {}", error.localizedDescription());
+    return text;
 }
 
 void removeWhiteBackgrounds(NSMutableAttributedString& text)
@@ -125,21 +163,20 @@ void restoreChecklistParagraphs(NSMutableAttributedString& text)
 
 void restoreDividers(NSMutableAttributedString& text, const std::vector<NSRange>& ranges)
 {
-    auto unitsLeft = text.length() + kMostUnitsBetweenDividers;
-    auto last = text.length();
-    for (auto next = ranges.rbegin(); next != ranges.rend(); ++next) {
-        const auto range = *next;
-        const auto length = text.length();
-        if (range.location >= length || range.length >= length - range.location)
-            continue;
-        const auto distance = std::max(range.location, last) - std::min(range.location, last);
-        if (distance > unitsLeft)
-            return NSLog("The dividers of a note are in no order; some stay as text");
-        unitsLeft -= distance;
-        last = range.location;
+    enumerateDividers(text.length(), ranges, [&text](NSRange range) {
         text.replaceCharactersInRange(
             range, NSAttributedString::attributedStringWithAttachment(CVLDividerTextAttachment::init()));
-    }
+    });
+}
+
+std::u16string charactersWithDividers(std::u16string_view characters, const std::vector<NSRange>& ranges)
+{
+    // In a text the characters need not move for each divider.
+    NSMutableAttributedString text{std::u16string(characters)};
+    const NSAttributedString divider(std::u16string(1, NSAttachmentCharacter));
+    enumerateDividers(text.length(), ranges,
+                      [&](NSRange range) { text.replaceCharactersInRange(range, divider); });
+    return std::u16string(text.string());
 }
 
 void restoreHighlights(NSMutableAttributedString& text, bool usesColorTypes)

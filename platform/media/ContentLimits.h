@@ -10,8 +10,8 @@ struct ContentLimits {
     std::size_t streamedBytes = std::size_t{256} << 20;
     /// Bytes taken from a file that has to be in memory as a whole (mail, RTF, HTML with an odd encoding).
     std::size_t wholeFileBytes = std::size_t{64} << 20;
-    /// Bytes of each member of a note package that is read for its text. Reading an archive of nothing but
-    /// runs of one unit takes twenty-seven times its size in memory.
+    /// Bytes of the member of a note package that has its text (note/NotePlainText.h). Reading an archive of
+    /// nothing but runs of one unit takes twenty-seven times its size in memory.
     std::size_t noteMemberBytes = std::size_t{10} << 20;
     /// UTF-8 bytes of text that one item gives. Indexing a text of nothing but different words takes twenty
     /// times its size in memory.

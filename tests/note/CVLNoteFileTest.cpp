@@ -222,6 +222,27 @@ TEST_F(CVLNoteFileTest, IsNotReadFromALink)
     EXPECT_TRUE(isNoPackageError(error));
 }
 
+TEST_F(CVLNoteFileTest, HasAFileOfTwoRunsTwice)
+{
+    const auto attachment = makeAttachment(u"a.png");
+    NoteText text;
+    text.addAttachment(attachment).addAttachment(attachment, {{u"NSKern", 1.5}});
+    CVLNoteFile note;
+    note.setNoteText(text.text());
+    EXPECT_THAT(note.fileAttachments(), ElementsAre(attachment->fileWrapper(), attachment->fileWrapper()));
+}
+
+// Members are visited in the order of their names, so the attributes come before the text that ends the
+// visit.
+TEST_F(CVLNoteFileTest, HasTheAttributesBesideAnEmptyText)
+{
+    const auto note
+        = read(NotePackage().add(kNoteTextMember, "").addAttributes({{u"showSmallImages", true}}));
+    ASSERT_TRUE(note);
+    EXPECT_TRUE(note->showSmallImages());
+    EXPECT_EQ(note->noteText().length(), 0U);
+}
+
 TEST_F(CVLNoteFileTest, IsEmptyWhenItsTextIs)
 {
     const auto note = read(NotePackage().add(kNoteTextMember, "").add(kNoteRTFMember, "{\\rtf1 text}"));

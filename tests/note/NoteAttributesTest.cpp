@@ -107,6 +107,17 @@ TEST(NoteAttributes, TakeNoDividerRangeFromWhatIsNoText)
     EXPECT_THAT(readRanges(u"{1, 3}").dividerRanges, IsEmpty());
 }
 
+TEST(NoteAttributes, TakeTheLastOfMoreDividerRangesThanThereCanBe)
+{
+    const LogLines log;
+    NSAny::Array ranges(NoteAttributes::kMostDividerRanges, u"{5, 3}");
+    ranges.insert(ranges.begin(), u"{1, 3}");
+    const auto attributes = NoteAttributes::attributesFromData(attributesData({{u"dividerRanges", ranges}}));
+    ASSERT_EQ(attributes.dividerRanges.size(), NoteAttributes::kMostDividerRanges);
+    EXPECT_EQ(attributes.dividerRanges.front(), (NSRange{5, 3}));
+    EXPECT_NE(log.text().find("the first ones stay as text"), std::string::npos);
+}
+
 TEST(NoteAttributes, TakeDividerRangesAsThePlatformReadsThem)
 {
     EXPECT_THAT(readRanges(NSAny::Array{u"", u"{-1, -3}", u"{99999999999999999999, 99999999999999999999}"})

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <random>
+
 using testing::HasSubstr;
 
 namespace {
@@ -36,8 +38,10 @@ protected:
 
 NSError errorOf(std::string_view archive)
 {
+    const LogLines log;
     NSError error;
     EXPECT_FALSE(unarchivedNoteText(archive, error));
+    EXPECT_THAT(log.text(), HasSubstr("Could not decode note text: " + error.localizedDescription()));
     return error;
 }
 
@@ -232,6 +236,43 @@ TEST_F(StoredNoteText, KeepsTheTextOfDividersThatJumpBackAndForthWithoutEnd)
     EXPECT_EQ(text.characterAtIndex(kLength - 2 - 999), NSAttachmentCharacter);
     EXPECT_EQ(text.characterAtIndex(0), u'x');
     EXPECT_EQ(text.length(), kLength);
+}
+
+TEST_F(StoredNoteText, KeepsDividersThatStandForNothingFromGrowingWithoutEnd)
+{
+    constexpr NSUInteger kMost = 10'000;
+    const LogLines log;
+    EXPECT_EQ(withDividers(u"0123456789", std::vector<NSRange>(kMost, {5, 0})).length(), 10 + kMost);
+    EXPECT_EQ(log.text(), "");
+    EXPECT_EQ(withDividers(u"0123456789", std::vector<NSRange>(kMost + 1, {5, 0})).length(), 10 + kMost);
+    EXPECT_THAT(log.text(), HasSubstr("The dividers of a note are too many; some stay as text"));
+}
+
+TEST_F(StoredNoteText, TakesNoMoreDividersThanItHasRoomFor)
+{
+    const LogLines log;
+    // As many as the text has units, and as many as may stand for nothing.
+    std::vector<NSRange> ranges(10'010, {1, 1});
+    ranges.insert(ranges.begin(), {0, 1});
+    EXPECT_EQ(withDividers(u"0123456789", ranges).string(), u"0\uFFFC23456789");
+    EXPECT_THAT(log.text(), HasSubstr("The dividers of a note are too many; some stay as text"));
+    ranges.pop_back();
+    EXPECT_EQ(withDividers(u"0123456789", ranges).string(), u"\uFFFC\uFFFC23456789");
+}
+
+TEST_F(StoredNoteText, HasTheSameCharactersWithItsDividersAndInPlainText)
+{
+    std::mt19937 random(1);
+    const auto below = [&random](NSUInteger count) { return static_cast<NSUInteger>(random() % count); };
+    for (int round = 0; round < 1000; ++round) {
+        std::u16string characters;
+        for (auto left = below(40); left > 0; --left)
+            characters += static_cast<char16_t>(u'a' + below(26));
+        std::vector<NSRange> ranges(below(6));
+        for (auto& range : ranges)
+            range = {below(45), below(5)};
+        ASSERT_EQ(charactersWithDividers(characters, ranges), withDividers(characters, ranges).string());
+    }
 }
 
 TEST_F(StoredNoteText, HasTheColoursOfItsHighlightTypes)
