@@ -28,9 +28,8 @@ inline constexpr std::size_t kWordHeadingStyleCount = 6;
 /// The style of a document that a paragraph is in: 0 for plain text, else that of the heading.
 [[nodiscard]] std::size_t wordStyleIndexOf(const NSParagraphStyle& style);
 
-/// The fonts of a document's styles: by wordStyleIndexOf. Each is that in
-/// which most characters of a text's range are that the style is for. Headings that the text has none of are
-/// bold and larger.
+/// The fonts of a document's styles, by wordStyleIndexOf: each is the one that most characters of its
+/// paragraphs are in. Headings that a text has none of are bold and larger.
 using WordStyleLooks = std::array<WordFontLook, kWordHeadingStyleCount + 1>;
 
 [[nodiscard]] WordStyleLooks styleLooksOf(const std::vector<WordAttributeSet>& sets);
