@@ -1,6 +1,7 @@
 // How the cost of pages grows: paragraphs, list items and table rows from 1,000 to 100,000, written and read.
 // Linear is a growth of 1.
 
+#include "bench/Growth.h"
 #include "platform/html/NSAttributedStringHTML.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSFont.h"
@@ -9,14 +10,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
-#include <ctime>
 #include <functional>
-#include <limits>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -82,31 +79,16 @@ NSData written(const NSAttributedString& text)
     return std::move(*page);
 }
 
-/// Processor time, which other work on the machine does not lengthen, in nanoseconds.
-double processorTime()
-{
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC * 1e9;
-}
-
-/// The best of several runs, in nanoseconds.
-double timeOf(const std::function<void()>& operation, std::size_t count)
-{
-    auto best = std::numeric_limits<double>::max();
-    for (std::size_t repetition = 0; repetition < 3 + 20'000 / count; ++repetition) {
-        const auto start = processorTime();
-        operation();
-        best = std::min(best, processorTime() - start);
-    }
-    return best;
-}
-
+/// Nanoseconds an item, for each of the counts.
 void printRow(std::string_view name, const std::function<std::function<void()>(std::size_t)>& operationFor)
 {
-    std::vector<double> perItem;
-    for (const auto count : kCounts)
-        perItem.push_back(timeOf(operationFor(count), count) / static_cast<double>(count));
-    fmt::print("| {} | {:.0f} | {:.0f} | {:.0f} | {:.2f} |\n", name, perItem[0], perItem[1], perItem[2],
-               perItem[2] / perItem[0]);
+    GrowthFigures costs{};
+    for (std::size_t index = 0; index < kCounts.size(); ++index) {
+        const auto count = kCounts.at(index);
+        costs.at(index)
+            = bestProcessorTime(operationFor(count), 3 + 20'000 / count) * 1e9 / static_cast<double>(count);
+    }
+    printGrowthOfCost(name, costs);
 }
 
 void printRows(std::string_view name, NSAttributedString (*make)(std::size_t))
@@ -125,8 +107,7 @@ void printRows(std::string_view name, NSAttributedString (*make)(std::size_t))
 
 int main()
 {
-    fmt::print("| operation | ns an item at {} | at {} | at {} | growth |\n| --- | --- | --- | --- | --- |\n",
-               kCounts[0], kCounts[1], kCounts[2]);
+    printGrowthHeader("operation", "ns an item", {"1,000", "10,000", "100,000"});
     printRows("paragraphs", paragraphs);
     printRows("list items", listItems);
     printRows("table cells", tableCells);

@@ -1,6 +1,7 @@
 // How fast rich text is written and read, and how the cost grows: prose with a few runs a paragraph, from 1
 // to 100 MB of RTF. Linear is a growth of 1. Also the text alone, as the index reads it.
 
+#include "bench/Growth.h"
 #include "bench/SampleText.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/rtf/NSAttributedStringRTF.h"
@@ -9,16 +10,11 @@
 #include "platform/text/NSFont.h"
 #include "platform/text/NSParagraphStyle.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <functional>
-#include <limits>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -63,28 +59,11 @@ NSData written(const NSAttributedString& text)
     return std::move(*document);
 }
 
-/// Processor time, which other work on the machine does not lengthen, in seconds.
-double processorTime()
-{
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
 /// Megabytes of RTF a second, at best.
 double rateOf(std::size_t byteCount, const std::function<void()>& operation)
 {
-    auto best = std::numeric_limits<double>::max();
-    for (int repetition = 0; repetition < 3; ++repetition) {
-        const auto start = processorTime();
-        operation();
-        best = std::min(best, processorTime() - start);
-    }
-    return static_cast<double>(byteCount) / kBytesOfMegabyte / best;
-}
-
-void printRow(std::string_view name, const std::vector<double>& rates)
-{
-    fmt::print("| {} | {:.0f} | {:.0f} | {:.0f} | {:.2f} |\n", name, rates.at(0), rates.at(1), rates.at(2),
-               rates.at(0) / rates.at(2));
+    constexpr std::size_t kRepetitions = 3;
+    return static_cast<double>(byteCount) / kBytesOfMegabyte / bestProcessorTime(operation, kRepetitions);
 }
 
 std::size_t lengthOfText(const std::string& document)
@@ -101,26 +80,26 @@ std::size_t lengthOfText(const std::string& document)
 
 int main()
 {
-    std::vector<double> writing;
-    std::vector<double> reading;
-    std::vector<double> extracting;
-    for (const auto megabytes : kMegabytes) {
-        const auto text = prose(megabytes * static_cast<std::size_t>(kBytesOfMegabyte));
+    GrowthFigures writing{};
+    GrowthFigures reading{};
+    GrowthFigures extracting{};
+    for (std::size_t index = 0; index < kMegabytes.size(); ++index) {
+        const auto text = prose(kMegabytes.at(index) * static_cast<std::size_t>(kBytesOfMegabyte));
         const auto document = written(text);
         const auto size = document.bytes.size();
-        writing.push_back(rateOf(size, [&text] { (void)written(text); }));
-        reading.push_back(rateOf(size, [&document] {
+        writing.at(index) = rateOf(size, [&text] { (void)written(text); });
+        reading.at(index) = rateOf(size, [&document] {
             if (!Formats::initWithRTF(document))
                 throw std::logic_error("the document was not read");
-        }));
-        extracting.push_back(rateOf(size, [&document] {
+        });
+        extracting.at(index) = rateOf(size, [&document] {
             if (lengthOfText(document.bytes) == 0)
                 throw std::logic_error("the document has no text");
-        }));
+        });
     }
-    fmt::print("| MB of RTF a second | 1 MB | 10 MB | 100 MB | growth |\n| --- | --- | --- | --- | --- |\n");
-    printRow("write", writing);
-    printRow("read", reading);
-    printRow("text alone", extracting);
+    printGrowthHeader("operation", "MB of RTF a second", {"1 MB", "10 MB", "100 MB"});
+    printGrowthOfRate("write", writing);
+    printGrowthOfRate("read", reading);
+    printGrowthOfRate("text alone", extracting);
     return 0;
 }

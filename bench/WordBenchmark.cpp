@@ -3,6 +3,7 @@
 // growth is that of the time for one megabyte from the smallest to the largest; linear is 1. And how fast
 // they are written: megabytes of text a second.
 
+#include "bench/Growth.h"
 #include "platform/media/OfficeOpenXMLReader.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSColor.h"
@@ -14,14 +15,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
-#include <ctime>
 #include <functional>
-#include <limits>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -84,18 +81,6 @@ std::string documentOf(const Shape& shape, std::size_t byteCount)
     return document.file();
 }
 
-/// Processor time, which other work on the machine does not lengthen, in seconds.
-double timeOf(const std::function<void()>& operation, std::size_t repetitions)
-{
-    auto best = std::numeric_limits<double>::max();
-    for (std::size_t repetition = 0; repetition < repetitions; ++repetition) {
-        const auto start = std::clock();
-        operation();
-        best = std::min(best, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-    }
-    return best;
-}
-
 void require(const ReadResult& result)
 {
     if (result.status != ContentStatus::Read)
@@ -105,15 +90,16 @@ void require(const ReadResult& result)
 void printRow(std::string_view name, const Shape& shape,
               const std::function<void(const ContentSource&)>& read)
 {
-    std::vector<double> rates;
-    for (const auto megabytes : kMegabytes) {
+    GrowthFigures rates{};
+    for (std::size_t index = 0; index < kMegabytes.size(); ++index) {
+        const auto megabytes = kMegabytes.at(index);
         const auto bytes = documentOf(shape, megabytes * kMegabyte);
         ContentSource source;
         source.bytes = bytes;
-        rates.push_back(static_cast<double>(megabytes) / timeOf([&] { read(source); }, 1 + 10 / megabytes));
+        rates.at(index)
+            = static_cast<double>(megabytes) / bestProcessorTime([&] { read(source); }, 1 + 10 / megabytes);
     }
-    fmt::print("| {} {} | {:.0f} | {:.0f} | {:.0f} | {:.2f} |\n", name, shape.name, rates[0], rates[1],
-               rates[2], rates[0] / rates[2]);
+    printGrowthOfRate(fmt::format("{} {}", name, shape.name), rates);
 }
 
 /// Prose with four runs to a paragraph, of which each fifth is an item of a list.
@@ -154,25 +140,24 @@ NSAttributedString proseOf(std::size_t byteCount)
 
 void printWriting()
 {
-    std::vector<double> rates;
-    for (const auto megabytes : kMegabytes) {
+    GrowthFigures rates{};
+    for (std::size_t index = 0; index < kMegabytes.size(); ++index) {
+        const auto megabytes = kMegabytes.at(index);
         const auto text = proseOf(megabytes * kMegabyte);
         const auto write = [&text] {
             if (!NSAttributedStringDocumentFormats::WordDocumentFromRange(text, {0, text.length()}))
                 throw std::logic_error("the document was not written");
         };
-        rates.push_back(static_cast<double>(megabytes) / timeOf(write, 1 + 10 / megabytes));
+        rates.at(index) = static_cast<double>(megabytes) / bestProcessorTime(write, 1 + 10 / megabytes);
     }
-    fmt::print("| write prose | {:.0f} | {:.0f} | {:.0f} | {:.2f} |\n", rates[0], rates[1], rates[2],
-               rates[0] / rates[2]);
+    printGrowthOfRate("write prose", rates);
 }
 
 } // namespace
 
 int main()
 {
-    fmt::print(
-        "| operation | MB/s at 1 MB | at 10 MB | at 100 MB | growth |\n| --- | --- | --- | --- | --- |\n");
+    printGrowthHeader("operation", "MB/s", {"1 MB", "10 MB", "100 MB"});
     for (const auto& shape : kShapes) {
         printRow("index", shape, [](const ContentSource& source) {
             ContentSink sink(ContentLimits{});

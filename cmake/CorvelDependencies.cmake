@@ -32,4 +32,6 @@ if(CORVEL_BUILD_TESTS)
 endif()
 if(CORVEL_BUILD_BENCHMARKS)
     find_package(benchmark 1.7 REQUIRED)
+    # What the reading of property lists is measured against, where it is installed.
+    pkg_check_modules(LIBPLIST IMPORTED_TARGET libplist-2.0)
 endif()
