@@ -14,6 +14,8 @@
 namespace {
 
 constexpr double kSheetMargin = 20;
+/// So that one picture does not make a sheet too high to be drawn.
+constexpr double kHighestPictureOnSheet = 4000;
 /// The share of a page's width that its margins have on either side, for A4 some two centimetres.
 constexpr double kPageMargin = 0.095;
 /// Pictures among lines and letters: as fine as printers make them.
@@ -46,8 +48,7 @@ double highestPicture(const CVLNoteFile& note, double page)
 TextSheet sheetWithNote(const CVLNoteFile& note, const NoteSheetOptions& options, double pixelsPerPoint)
 {
     const auto look = lookOfNote(note, options.appearance);
-    // A sheet has no end that a picture would have to fit on.
-    const auto highest = highestPicture(note, options.width * 2);
+    const auto highest = highestPicture(note, kHighestPictureOnSheet);
     return {shownNoteText(note.noteText(), {highest, pixelsPerPoint}),
             {.width = options.width,
              .margins = {kSheetMargin, kSheetMargin, kSheetMargin, kSheetMargin},

@@ -91,9 +91,8 @@ void alignEdges(double& one, double& other)
 {
     auto& low = one < other ? one : other;
     auto& high = one < other ? other : one;
-    const auto width = std::max(std::round(high - low), 1.0);
     low = std::round(low);
-    high = low + width;
+    high = std::max(std::round(high), low + 1);
 }
 
 } // namespace
@@ -147,11 +146,27 @@ void NSGraphicsContext::clipToRect(NSRect rect)
     cairo_clip(m_target.cairo);
 }
 
+bool NSGraphicsContext::hasPixels() const
+{
+    return cairo_surface_get_type(cairo_get_target(m_target.cairo)) == CAIRO_SURFACE_TYPE_IMAGE;
+}
+
+double NSGraphicsContext::wholePixels(double lineWidth) const
+{
+    double pixels = lineWidth;
+    double ignored = 0;
+    cairo_user_to_device_distance(m_target.cairo, &pixels, &ignored);
+    if (!hasPixels() || pixels <= 0)
+        return lineWidth;
+    pixels = std::max(std::round(pixels), 1.0);
+    cairo_device_to_user_distance(m_target.cairo, &pixels, &ignored);
+    return pixels;
+}
+
 NSRect NSGraphicsContext::alignedToPixels(NSRect rect) const
 {
     auto* cairo = m_target.cairo;
-    const auto isBitmap = cairo_surface_get_type(cairo_get_target(cairo)) == CAIRO_SURFACE_TYPE_IMAGE;
-    if (!isBitmap || rect.size.width <= 0 || rect.size.height <= 0)
+    if (!hasPixels() || rect.size.width <= 0 || rect.size.height <= 0)
         return rect;
     auto [left, top] = rect.origin;
     auto right = left + rect.size.width;

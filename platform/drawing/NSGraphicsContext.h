@@ -45,9 +45,11 @@ public:
     void clipToRect(NSRect rect);
 
     void fillRect(NSRect rect, const NSColor& color);
-    /// The rectangle with its edges moved to the nearest pixels, so that it is drawn without soft edges; none
-    /// of its sides becomes less than a pixel. As it is on a surface without pixels, and when it is empty.
+    /// The rectangle with its edges moved to the nearest pixels, so that it is drawn without soft edges, and
+    /// the width of a line as whole pixels; nothing that was more than 0 becomes less than a pixel. Both as
+    /// they are on a surface without pixels.
     [[nodiscard]] NSRect alignedToPixels(NSRect rect) const;
+    [[nodiscard]] double wholePixels(double lineWidth) const;
 
     /// The ellipse in the rectangle.
     void fillOvalInRect(NSRect rect, const NSColor& color);
@@ -63,6 +65,7 @@ public:
     [[nodiscard]] CairoTarget& target() { return m_target; }
 
 private:
+    [[nodiscard]] bool hasPixels() const;
     bool setColor(const NSColor& color);
     bool addPath(const NSBezierPath& path);
     void hideAll();

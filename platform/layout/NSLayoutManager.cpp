@@ -71,13 +71,15 @@ void fillBorder(const PlacedBlock& placed, NSRectEdge edge, NSRect rect, NSGraph
 {
     const auto& own = placed.block->borderColorForEdge(edge);
     const auto color = own ? own : NSColor::tertiaryLabelColor();
-    context.fillRect(context.alignedToPixels(rect), *color);
+    context.fillRect(rect, *color);
 }
 
 void drawBlock(const PlacedBlock& placed, NSPoint corner, NSGraphicsContext& context)
 {
-    const auto [origin, size] = movedBy(placed.rect, corner);
-    const auto& border = placed.border;
+    const auto [origin, size] = context.alignedToPixels(movedBy(placed.rect, corner));
+    const BlockEdges border{context.wholePixels(placed.border.left), context.wholePixels(placed.border.top),
+                            context.wholePixels(placed.border.right),
+                            context.wholePixels(placed.border.bottom)};
     if (const auto& ground = placed.block->backgroundColor())
         context.fillRect({origin, size}, *ground);
     const auto right = origin.x + size.width - border.right;

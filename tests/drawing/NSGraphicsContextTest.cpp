@@ -38,12 +38,15 @@ TEST(NSGraphicsContext, AlignsARectangleToWholePixels)
     for (const auto flipped : {Flipped::No, Flipped::Yes}) {
         (void)drawn(
             [](NSGraphicsContext& context) {
-                EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {3.2, 4.4}}), NSMakeRect(1, 3, 3, 4));
+                EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {3.2, 4.4}}), NSMakeRect(1, 3, 4, 4));
                 // Never nothing.
                 EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {0.2, 0.1}}).size, NSMakeSize(1, 1));
                 EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {0, 4}}), NSMakeRect(1.3, 2.6, 0, 4));
                 context.scale(2, 2);
                 EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {0.2, 0.9}}), NSMakeRect(1.5, 2.5, 0.5, 1));
+                EXPECT_EQ(context.wholePixels(0.7), 0.5);
+                EXPECT_EQ(context.wholePixels(0.1), 0.5);
+                EXPECT_EQ(context.wholePixels(0), 0);
             },
             flipped);
     }
@@ -53,6 +56,7 @@ TEST(NSGraphicsContext, LeavesRectanglesOfADocumentAsTheyAre)
 {
     const auto pdf = DrawingSurface{{16, 16}}.PDFRepresentation([](NSGraphicsContext& context) {
         EXPECT_EQ(context.alignedToPixels({{1.3, 2.6}, {3.2, 4.4}}), NSMakeRect(1.3, 2.6, 3.2, 4.4));
+        EXPECT_EQ(context.wholePixels(0.7), 0.7);
     });
     EXPECT_TRUE(pdf);
 }
