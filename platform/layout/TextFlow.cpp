@@ -50,8 +50,11 @@ double TextFlow::place(Paragraphs paragraphs, std::size_t depth, NSPoint corner,
 {
     double height = 0;
     for (std::size_t i = 0; i < paragraphs.size();) {
-        const NSPoint here{corner.x, corner.y + height};
         const auto group = groupAt(paragraphs[i], depth);
+        // Within a block its first paragraph stands at the top: what is to be before it is before the block.
+        if (!group.isNone() && i > 0)
+            height += boundedLength(paragraphs[i].style->paragraphSpacingBefore());
+        const NSPoint here{corner.x, corner.y + height};
         auto end = i + 1;
         while (!group.isNone() && end < paragraphs.size() && groupAt(paragraphs[end], depth) == group)
             ++end;

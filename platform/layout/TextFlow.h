@@ -42,7 +42,8 @@ inline constexpr std::size_t kDeepestBlock = 12;
 /// Columns of a table; what stands behind them stands in the last one.
 inline constexpr NSInteger kMaximumColumns = 200;
 
-/// Places paragraphs below each other, those of blocks in their boxes and those of tables in their cells.
+/// Places paragraphs below each other, those of blocks in their boxes and those of tables in their cells. The
+/// spacing before the first paragraph of a block or table is in front of its box.
 class TextFlow {
 public:
     TextFlow(const LayoutSource& source, TextPlaces& places)

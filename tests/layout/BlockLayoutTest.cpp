@@ -60,6 +60,20 @@ TEST_F(BlockLayout, KeepsEqualBlocksApart)
     EXPECT_NEAR(laid.top(1), 20 + kLine + 10, kTolerance);
 }
 
+TEST_F(BlockLayout, KeepsTheSpacingBeforeItsFirstParagraphInFrontOfIt)
+{
+    NSMutableParagraphStyle style;
+    style.setTextBlocks({box(), box()});
+    style.setParagraphSpacingBefore(7);
+    auto text = styledText(u"a\n");
+    text.appendAttributedString(styledText(u"a\na", style));
+    const Laid laid(text.copy(), 200);
+    EXPECT_NEAR(laid.top(1), kLine + 7 + 20, kTolerance);
+    EXPECT_NEAR(laid.top(2), 2 * kLine + 14 + 20, kTolerance);
+    // At the top of the column there is nothing to be apart from.
+    EXPECT_NEAR(Laid(styledText(u"a", style), 200).top(0), 20, kTolerance);
+}
+
 TEST_F(BlockLayout, NestsBlocks)
 {
     const Laid laid(textInBlocks(u"a", {box(), box()}), 200);

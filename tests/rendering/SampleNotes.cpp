@@ -101,7 +101,7 @@ constexpr std::u16string_view kJourney
 
 constexpr std::u16string_view kPictures
     = u"# Files\n\n"
-      u"A picture ![](portrait.png) stands in its line, files as their icons: ![](Report 2026.docx) "
+      u"A picture ![](portrait.png) stands in its line, files as their icons: ![](Report.docx) "
       u"![](song.mp3) ![](a-very-long-name-of-an-archive-that-nobody-would-type-again.zip) and one that "
       u"cannot be read ![](broken.png).\n";
 
