@@ -243,7 +243,7 @@ private:
 
     void addAttachment(const NSTextAttachment& attachment)
     {
-        const auto file = attachment.fileWrapper();
+        const auto& file = attachment.fileWrapper();
         const auto name
             = file ? file->filename().value_or(file->preferredFilename().value_or(u"")) : std::u16string();
         if (name.empty())

@@ -31,7 +31,7 @@ NSAttributedString DynamicColors::attributedStringWithoutAttachments(const NSAtt
     NSMutableAttributedString without(text);
     enumerateAttachments<NSTextAttachment>(
         without, [&without](const auto&, NSRange range) { without.deleteCharactersInRange(range); });
-    return without;
+    return without.copy();
 }
 
 NSAttributedString
@@ -42,7 +42,7 @@ DynamicColors::attributedStringByReplacingAttachmentsWithNames(const NSAttribute
         named.removeAttribute(NSAttachmentAttributeName, range);
         named.replaceCharactersInRange(range, bracketedName(*attachment));
     });
-    return named;
+    return named.copy();
 }
 
 std::u16string DynamicColors::generateName(const NSAttributedString& text)

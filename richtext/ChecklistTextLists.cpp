@@ -45,7 +45,7 @@ std::optional<Item> itemOfLine(const NSAttributedString& text, NSUInteger start,
 
 std::shared_ptr<CVLChecklistTextAttachment> makeBox(bool isOn, const NSParagraphStyle::Ref& style)
 {
-    const auto box = CVLChecklistTextAttachment::init();
+    auto box = CVLChecklistTextAttachment::init();
     box->setOn(isOn);
     const auto depth = style ? style->textLists().size() : 0;
     box->setIndentationLevel(std::min(depth > 0 ? depth - 1 : 0, CVLChecklistMaxIndentationLevel));

@@ -43,7 +43,7 @@ NSAttributedString DynamicColors::attributedStringConvertedToDynamicColors(const
 {
     NSMutableAttributedString converted(text);
     convertToDynamicColors(converted);
-    return converted;
+    return converted.copy();
 }
 
 void DynamicColors::convertFromDynamicColors(NSMutableAttributedString& text)

@@ -129,7 +129,7 @@ NSColor::Ref HTMLStructureReader::styleRoot(const HTMLTag& tag)
     if (m_elements.size() > 1)
         return nullptr;
     auto style = HTMLCascade::ofElement(tag, top().style, m_rules).style;
-    const auto ground = style.box.background;
+    auto ground = style.box.background;
     style.box = {};
     top().style = std::move(style);
     return ground;
@@ -258,7 +258,7 @@ void HTMLStructureReader::addImage(const NSFileWrapper::Ref& file, std::string_v
     auto attributes = m_builder.attributesFor(top().style, top().meaning);
     attributes.insert_or_assign(std::u16string(NSAttachmentAttributeName),
                                 NSAny(NSTextAttachment::initWithFileWrapper(file)));
-    m_builder.appendVerbatim({&NSAttachmentCharacter, 1}, std::move(attributes), top().style, contextHere());
+    m_builder.appendVerbatim({&NSAttachmentCharacter, 1}, attributes, top().style, contextHere());
 }
 
 /// Closes what a start tag closes by itself.
