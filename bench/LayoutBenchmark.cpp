@@ -3,6 +3,7 @@
 // is not linear.
 
 #include "attachments/CVLChecklistTextAttachment.h"
+#include "bench/Growth.h"
 #include "platform/layout/TextPages.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSFont.h"
@@ -11,12 +12,14 @@
 
 #include <fmt/format.h>
 
-#include <chrono>
+#include <array>
 #include <cstdio>
 #include <exception>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -83,27 +86,38 @@ NSAttributedString itemsOfAList(std::size_t count)
     return text.copy();
 }
 
-double seconds(const std::function<void()>& run)
-{
-    const auto start = std::chrono::steady_clock::now();
-    run();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
+struct Case {
+    std::string_view name;
+    std::function<NSAttributedString(std::size_t count)> text;
+};
 
-void measure(const char* name, std::size_t count, const NSAttributedString& text)
+void layOut(const NSAttributedString& text)
 {
     const NSTextContainer container({483, 1e5}, &text);
-    const auto laying = seconds([&] { const NSLayoutManager manager(container); });
-    std::size_t pageCount = 0;
-    const auto drawing = seconds([&] {
-        const TextPages pages(text, {});
-        pageCount = pages.count();
-        if (!pages.surface().PDFRepresentation(pages.drawings()))
-            throw std::runtime_error("no document was made");
-    });
-    const auto perSecond = static_cast<double>(count) / drawing;
-    fmt::print("| {} | {} | {} | {:.3f} | {:.3f} | {:.0f} |\n", name, count, pageCount, laying, drawing,
-               perSecond);
+    const NSLayoutManager manager(container);
+}
+
+void drawOnPages(const NSAttributedString& text)
+{
+    const TextPages pages(text, {});
+    if (!pages.surface().PDFRepresentation(pages.drawings()))
+        throw std::runtime_error("no document was made");
+}
+
+void measure(const Case& one)
+{
+    constexpr std::array<std::size_t, 3> kCounts{1'000, 10'000, 100'000};
+    constexpr double kMicroseconds = 1e6;
+    GrowthFigures laying{};
+    GrowthFigures drawing{};
+    for (std::size_t i = 0; i < kCounts.size(); ++i) {
+        const auto text = one.text(kCounts.at(i));
+        const auto each = kMicroseconds / static_cast<double>(kCounts.at(i));
+        laying.at(i) = bestProcessorTime([&] { layOut(text); }, 1) * each;
+        drawing.at(i) = bestProcessorTime([&] { drawOnPages(text); }, 1) * each;
+    }
+    printGrowthOfCost(std::string("lay out ").append(one.name), laying);
+    printGrowthOfCost(std::string("lay out and draw ").append(one.name), drawing);
     (void)std::fflush(stdout); // Whoever watches wants to see each line.
 }
 
@@ -111,19 +125,15 @@ void measure(const char* name, std::size_t count, const NSAttributedString& text
 
 int main()
 {
-    fmt::print("| text | count | pages | lay out s | lay out and draw s | a second |\n"
-               "| --- | --- | --- | --- | --- | --- |\n");
+    const std::vector<Case> cases = {
+        {"paragraphs", paragraphs},       {"sentences of one paragraph", oneParagraph},
+        {"rows of a table", tableOfRows}, {"items of a checklist", itemsOfAList},
+        {"boxes in a line", lineOfBoxes},
+    };
+    printGrowthHeader("operation", "microseconds each", {"1,000", "10,000", "100,000"});
     try {
-        for (const std::size_t count : {1'000U, 10'000U, 100'000U})
-            measure("paragraphs", count, paragraphs(count));
-        for (const std::size_t count : {1'000U, 10'000U, 100'000U})
-            measure("sentences of one paragraph", count, oneParagraph(count));
-        for (const std::size_t count : {1'000U, 10'000U, 100'000U})
-            measure("rows of a table", count, tableOfRows(count));
-        for (const std::size_t count : {1'000U, 10'000U, 100'000U})
-            measure("items of a checklist", count, itemsOfAList(count));
-        for (const std::size_t count : {1'000U, 10'000U, 100'000U})
-            measure("boxes in a line", count, lineOfBoxes(count));
+        for (const auto& one : cases)
+            measure(one);
     } catch (const std::exception& exception) {
         fmt::print(stderr, "layout-benchmark: {}\n", exception.what());
         return 1;
