@@ -35,11 +35,11 @@ std::optional<std::string> readFile(int descriptor, std::size_t maximumByteCount
     }
     std::string bytes;
     const std::size_t expected = std::min(static_cast<std::size_t>(status.st_size), maximumByteCount);
-    std::size_t capacity = std::min(expected + 1, maximumByteCount);
+    // One byte more shows the end, without room for which all that was read would be copied.
+    const std::size_t whole = std::min(expected + 1, maximumByteCount);
     while (bytes.size() < maximumByteCount) {
         const std::size_t offset = bytes.size();
-        bytes.resize(std::max(capacity, std::min(offset + 65536, maximumByteCount)));
-        capacity = 0;
+        bytes.resize(offset < whole ? whole : std::min(offset + 65536, maximumByteCount));
         const ssize_t count
             = ::pread(descriptor, bytes.data() + offset, bytes.size() - offset, static_cast<off_t>(offset));
         if (count < 0 && errno != EINTR)

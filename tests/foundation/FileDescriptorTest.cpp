@@ -53,6 +53,17 @@ TEST(ReadFile, ReadsUpToItsBound)
     EXPECT_EQ(readFile(file.get(), 0), "");
 }
 
+TEST(ReadFile, TakesNoMoreRoomThanTheFile)
+{
+    constexpr std::size_t kByteCount = 1'000'000;
+    const TemporaryFolder folder;
+    const auto file = FileDescriptor::openForReading(folder.write("file", std::string(kByteCount, 'x')));
+    const auto bytes = readFile(file.get(), 2 * kByteCount);
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(bytes->size(), kByteCount);
+    EXPECT_LE(bytes->capacity(), kByteCount + 1);
+}
+
 TEST(ReadFile, RefusesFoldersAndBadDescriptors)
 {
     const TemporaryFolder folder;
