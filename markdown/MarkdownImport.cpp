@@ -43,6 +43,7 @@ public:
         NSAttributes attributes{{std::u16string(NSParagraphStyleAttributeName), styleOf(block)}};
         if (m_text.length() > 0 || m_endsWithEmptyCell)
             append(u"\n", m_lastAttributes);
+        m_lastParagraph = m_text.length();
         addMarker(block, attributes);
         if (block.kind == MarkdownBlock::Kind::Code)
             addCode(block, attributes);
@@ -126,7 +127,7 @@ private:
         if (block.kind == MarkdownBlock::Kind::Rule)
             style.setAlignment(NSTextAlignment::Center);
         const bool isNextItem = m_last && block.beginsItem && !m_last->lists.empty();
-        if (m_last && !isNextItem)
+        if (m_last && !isNextItem && !(block.isTicked && setSpacingAfterLastParagraph()))
             style.setParagraphSpacingBefore(m_options.font->pointSize());
         const auto head = kListIndent * static_cast<double>(m_lists.size());
         style.setHeadIndent(head);
@@ -137,6 +138,20 @@ private:
         if (!m_lastStyle || !m_lastStyle->isEqual(style))
             m_lastStyle = style.copy();
         return m_lastStyle;
+    }
+
+    /// For what follows and keeps no spacing before itself: cells do not, nor do paragraphs with a box.
+    bool setSpacingAfterLastParagraph()
+    {
+        if (!m_lastParagraph)
+            return false;
+        const std::u16string name(NSParagraphStyleAttributeName);
+        auto style = m_lastAttributes.at(name).object<NSParagraphStyle>()->mutableCopy();
+        style.setParagraphSpacing(m_options.font->pointSize());
+        const NSAny spaced(style.copy());
+        m_text.addAttribute(name, spaced, {*m_lastParagraph, m_text.length() - *m_lastParagraph});
+        m_lastAttributes.insert_or_assign(name, spaced);
+        return true;
     }
 
     void setItem(NSMutableParagraphStyle& style, const MarkdownBlock& block, double head)
@@ -174,6 +189,8 @@ private:
 
     void addTable(const MarkdownBlock& block)
     {
+        setSpacingAfterLastParagraph();
+        m_lastParagraph.reset();
         const auto table = std::make_shared<NSTextTable>();
         table->setNumberOfColumns(block.alignments.size());
         table->setCollapsesBorders(true);
@@ -307,6 +324,8 @@ private:
     NSAttributes m_lastAttributes;
     NSParagraphStyle::Ref m_lastStyle;
     std::optional<MarkdownBlock> m_last;
+    /// Where the last paragraph begins, unless it is a cell.
+    std::optional<NSUInteger> m_lastParagraph;
     bool m_endsWithEmptyCell = false;
     std::vector<OpenList> m_lists;
     NSParagraphStyle::TextBlocks m_quotes;

@@ -51,6 +51,24 @@ TEST(MarkdownImport, SetsParagraphsApartButNotItems)
     EXPECT_EQ(styleAt(text, placeOf(text, u"e"))->paragraphSpacingBefore(), 10);
 }
 
+TEST(MarkdownImport, LeavesRoomForWhatKeepsNoSpacingBeforeItself)
+{
+    const auto text
+        = attributedStringWithMarkdown(u"a\n\n- [ ] b\n- [x] c\n\nd\n\n| e |\n|---|\n| f |\n\ng", options());
+    const auto spacing = [&text](std::u16string_view word) {
+        const auto style = styleAt(text, placeOf(text, word));
+        return std::pair(style->paragraphSpacingBefore(), style->paragraphSpacing());
+    };
+    EXPECT_EQ(spacing(u"a"), std::pair(0.0, 10.0)) << "before boxes";
+    EXPECT_EQ(spacing(u"b"), std::pair(0.0, 0.0));
+    EXPECT_EQ(spacing(u"c"), std::pair(0.0, 0.0));
+    EXPECT_EQ(spacing(u"d"), std::pair(10.0, 10.0)) << "before a table";
+    EXPECT_EQ(spacing(u"e"), std::pair(0.0, 0.0));
+    EXPECT_EQ(spacing(u"f"), std::pair(0.0, 0.0));
+    EXPECT_EQ(spacing(u"g"), std::pair(10.0, 0.0));
+    EXPECT_EQ(styleAt(text, placeOf(text, u"a") + 1)->paragraphSpacing(), 10) << "the line end belongs to it";
+}
+
 TEST(MarkdownImport, MakesHeadingsBoldLargeAndOfTheirLevel)
 {
     const auto text = attributedStringWithMarkdown(u"## a\n\nb", options());
