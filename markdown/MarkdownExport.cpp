@@ -54,8 +54,9 @@ std::size_t quoteDepthOf(const NSParagraphStyle& style)
 
 class Exporter {
 public:
-    explicit Exporter(const NSAttributedString& text)
+    Exporter(const NSAttributedString& text, const MarkdownExportOptions& options)
         : m_text(text)
+        , m_filesFolder(options.filesFolder)
         , m_characters(text.string())
     {
     }
@@ -82,6 +83,12 @@ private:
         return style ? style : NSParagraphStyle::defaultParagraphStyle();
     }
 
+    [[nodiscard]] std::u16string spansOf(NSRange content, MarkdownSpanContext context = {}) const
+    {
+        context.filesFolder = m_filesFolder;
+        return markdownSpansOf(m_text, content, context);
+    }
+
     void addParagraph(NSRange content)
     {
         const auto style = styleAt(content.location);
@@ -105,7 +112,7 @@ private:
         const auto level = std::clamp<NSInteger>(style->headerLevel(), 0, 6);
         if (level > 0)
             return addHeading(content, *style, static_cast<std::size_t>(level));
-        const auto markdown = markdownSpansOf(m_text, content, {});
+        const auto markdown = spansOf(content);
         if (!markdown.empty())
             addBlock(withEscapedStarts(markdown), *style);
     }
@@ -125,7 +132,7 @@ private:
 
     void addHeading(NSRange content, const NSParagraphStyle& style, std::size_t level)
     {
-        auto words = markdownSpansOf(m_text, content, {.isHeading = true, .isCell = false});
+        auto words = spansOf(content, {.isHeading = true});
         if (words.ends_with(u'#'))
             words.insert(words.size() - 1, 1, u'\\');
         addBlock(std::u16string(level, u'#').append(u" ").append(words), style);
@@ -149,7 +156,7 @@ private:
             = depth == 0 ? 0 : std::max(depth * CVLMarkdownChecklistIndentString.size(), m_columns.back());
         const auto marker = markerOf(list, number);
         m_columns.push_back(column + (isChecklist(list) ? CVLMarkdownBulletDash.size() : marker.size()));
-        const auto words = withEscapedStarts(markdownSpansOf(m_text, content, {}));
+        const auto words = withEscapedStarts(spansOf(content));
         if (isOtherList)
             m_lastKind = Kind::Other;
         writeBlock(std::u16string(column, u' '), marker + words, quoteDepthOf(style), Kind::Item);
@@ -232,8 +239,7 @@ private:
         if (!m_table.isOfTable(cell))
             endTable();
         m_tableQuoteDepth = quoteDepthOf(style);
-        const auto words
-            = markdownSpansOf(m_text, content, {.isHeading = m_table.isHead(cell), .isCell = true});
+        const auto words = spansOf(content, {.isHeading = m_table.isHead(cell), .isCell = true});
         m_table.add(cell, words, style.alignment());
     }
 
@@ -289,6 +295,7 @@ private:
     }
 
     const NSAttributedString& m_text;
+    std::u16string_view m_filesFolder;
     std::u16string_view m_characters;
     std::u16string m_markdown;
     Kind m_lastKind = Kind::None;
@@ -309,7 +316,8 @@ private:
 
 } // namespace
 
-std::u16string markdownWithAttributedString(const NSAttributedString& text)
+std::u16string markdownWithAttributedString(const NSAttributedString& text,
+                                            const MarkdownExportOptions& options)
 {
-    return Exporter(text).markdown();
+    return Exporter(text, options).markdown();
 }

@@ -252,7 +252,12 @@ private:
         const auto type = identifier ? UTType::typeWithIdentifier(UTF8FromUTF16(*identifier)) : std::nullopt;
         setMarkers({});
         open(type && type->conformsToType(kUTTypeImage) ? u"![" : u"[");
-        m_markdown += escapedMarkdown(name) + u"](" + markdownTarget(name) + u")";
+        m_markdown += escapedMarkdown(name) + u"](" + markdownTarget(targetOf(name)) + u")";
+    }
+
+    [[nodiscard]] std::u16string targetOf(const std::u16string& name) const
+    {
+        return m_context.filesFolder.empty() ? name : std::u16string(m_context.filesFolder) + u"/" + name;
     }
 
     MarkdownSpanContext m_context;

@@ -3,6 +3,7 @@
 #include "platform/text/NSAttributedString.h"
 
 #include <string>
+#include <string_view>
 
 /// How a stretch of text is written.
 struct MarkdownSpanContext {
@@ -10,6 +11,8 @@ struct MarkdownSpanContext {
     bool isHeading = false;
     /// Within a cell there are no line ends.
     bool isCell = false;
+    /// Where files are, in the targets that name them; empty for beside the Markdown.
+    std::u16string_view filesFolder{};
 };
 
 /// A range of one paragraph as Markdown: emphasis, links, code and attachments with their markers, everything

@@ -170,6 +170,8 @@ TEST(MarkdownExport, WritesAttachmentsByTheirNames)
             NSAny(NSTextAttachment::initWithFileWrapper(file))));
     }
     EXPECT_EQ(markdownWithAttributedString(text), u"![a b.png](<a b.png>)[c.zip](c.zip)\n");
+    EXPECT_EQ(markdownWithAttributedString(text, {.filesFolder = u"list_files"}),
+              u"![a b.png](<list_files/a b.png>)[c.zip](list_files/c.zip)\n");
 }
 
 TEST(MarkdownExport, ReadsTextOfEveryLineEnd)
