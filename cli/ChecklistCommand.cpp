@@ -2,8 +2,7 @@
 #include "cli/Command.h"
 #include "cli/CommandSyntax.h"
 #include "cli/Console.h"
-#include "cli/ErrorMessage.h"
-#include "cli/RichTextFile.h"
+#include "cli/DocumentArgument.h"
 #include "markdown/MarkdownImport.h"
 
 #include <CLI/CLI.hpp>
@@ -32,13 +31,10 @@ ExitStatus showChecklist(const ChecklistArguments& arguments)
 {
     if (arguments.isOpen && arguments.isDone)
         throw UsageError("checklist: give --open or --done, or neither for both");
-    NSError error;
-    const auto file = readRichTextFile(arguments.path, &error);
-    if (!file) {
-        printError(arguments.path, errorReason(error, arguments.path));
+    const auto file = readDocumentOfArgument(arguments.path);
+    if (!file)
         return ExitStatus::Failure;
-    }
-    const bool isPlain = file->kind == RichTextFile::Kind::PlainText;
+    const bool isPlain = file->kind == DocumentKind::PlainText;
     const auto text
         = isPlain ? attributedStringWithMarkdown(markdownOfBoxes(file->text.string())) : file->text;
     for (const auto& item : checklistItems(text)) {

@@ -14,6 +14,8 @@ enum class ExitStatus : int {
     Failure = 1,
     /// The command line could not be understood.
     Usage = 2,
+    /// What was to be checked cannot be read at all.
+    Unreadable = 3,
 };
 
 /// Raised by a command for arguments that are each well-formed but do not go together.

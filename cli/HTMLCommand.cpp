@@ -1,9 +1,9 @@
 #include "cli/Command.h"
 #include "cli/CommandSyntax.h"
 #include "cli/Console.h"
+#include "cli/DocumentArgument.h"
 #include "cli/ErrorMessage.h"
 #include "cli/OutputFile.h"
-#include "cli/RichTextFile.h"
 #include "cli/TextArgument.h"
 #include "markdown/MarkdownExport.h"
 #include "platform/foundation/Unicode.h"
@@ -59,16 +59,6 @@ struct HTMLArguments {
 
 using Arguments = std::shared_ptr<HTMLArguments>;
 
-/// None, and said why, when it cannot be read.
-std::optional<RichTextFile> readFileOfArgument(const std::string& path)
-{
-    NSError error;
-    auto file = readRichTextFile(path, &error);
-    if (!file)
-        printError(path, errorReason(error, path));
-    return file;
-}
-
 /// Writes to the file given, as a whole, or to standard output.
 ExitStatus writeResult(const std::string& bytes, const std::optional<std::string>& output)
 {
@@ -106,10 +96,10 @@ ExitStatus importPage(const HTMLArguments& arguments)
 {
     if (arguments.isText && arguments.isMarkdown)
         throw UsageError("html import: give --text or --markdown, not both");
-    const auto file = readFileOfArgument(arguments.path);
+    const auto file = readDocumentOfArgument(arguments.path);
     if (!file)
         return ExitStatus::Failure;
-    if (file->kind != RichTextFile::Kind::Page) {
+    if (file->kind != DocumentKind::Page) {
         printError(arguments.path, "it is no page: give an HTML file");
         return ExitStatus::Failure;
     }
@@ -122,7 +112,7 @@ ExitStatus importPage(const HTMLArguments& arguments)
 
 ExitStatus exportPage(const HTMLArguments& arguments)
 {
-    const auto file = readFileOfArgument(arguments.path);
+    const auto file = readDocumentOfArgument(arguments.path);
     if (!file)
         return ExitStatus::Failure;
     NSMutableAttributedString text(file->text);

@@ -8,11 +8,6 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace {
-
-constexpr std::string_view kStandardInput = "-";
-
-/// None, with errno set, when it cannot be read to its end.
 std::optional<std::string> readStandardInput()
 {
     std::string bytes;
@@ -27,8 +22,6 @@ std::optional<std::string> readStandardInput()
             return std::nullopt;
     }
 }
-
-} // namespace
 
 std::optional<std::u16string> textOfArgument(const std::string& argument, std::string_view command)
 {

@@ -4,6 +4,12 @@
 #include <string>
 #include <string_view>
 
+/// What stands for standard input.
+inline constexpr std::string_view kStandardInput = "-";
+
+/// All of it. None, with errno set, when it cannot be read to its end.
+[[nodiscard]] std::optional<std::string> readStandardInput();
+
 /// A text that a command was given, byte for byte; all of standard input for "-". None, after a line on
 /// standard error that names `command`, when it is not UTF-8 or cannot be read.
 [[nodiscard]] std::optional<std::u16string> textOfArgument(const std::string& argument,

@@ -150,10 +150,10 @@ TEST_F(HTMLCommand, SaysWhyAFileIsNotRead)
     for (const auto& [arguments, error] : {
              Case{{"import", "missing.html"}, "corvel: missing.html: No such file or directory\n"},
              Case{{"import", "a.txt"}, "corvel: a.txt: it is no page: give an HTML file\n"},
-             Case{{"import", "folder"}, "corvel: folder: it is a folder\n"},
-             Case{{"import", "large.html"}, "corvel: large.html: the file is larger than 32 MB\n"},
+             Case{{"import", "folder"}, "corvel: folder: It is a folder, and no document.\n"},
+             Case{{"import", "large.html"}, "corvel: large.html: The file is too large.\n"},
              Case{{"export", "a.zip"},
-                  "corvel: a.zip: it is no page, Markdown, plain text or archive of a text\n"},
+                  "corvel: a.zip: It is no note, Markdown, page, rich text, Word document or plain text.\n"},
          }) {
         const auto outcome = html(arguments);
         EXPECT_EQ(outcome.status, 1) << testing::PrintToString(arguments);

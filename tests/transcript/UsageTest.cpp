@@ -51,6 +51,16 @@ TEST_F(Usage, ErrorsEndWithTwoAndSayWhy)
         {"note", "dance"},
         {"note", "text"},
         {"note", "text", ""},
+        {"note", "new"},
+        {"note", "new", "a.txt"},
+        {"note", "new", "a.cvlnote", "--kind", "md"},
+        {"note", "new", "a.cvlnote", "--from", "a.md", "--kind", "dance"},
+        {"note", "info"},
+        {"note", "check"},
+        {"note", "export", "a.cvlnote"},
+        {"note", "export", "a.cvlnote", "-o", "a.unknown"},
+        {"note", "export", "a.cvlnote", "--to", "dance"},
+        {"note", "export", "a.cvlnote", "--to", "rtfd"},
         {"checklist", "--open", "--done", "a.md"},
     };
     for (const auto& mistake : mistakes) {

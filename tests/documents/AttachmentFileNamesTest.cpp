@@ -1,4 +1,4 @@
-#include "cli/AttachmentFileNames.h"
+#include "documents/AttachmentFileNames.h"
 
 #include "platform/foundation/NSFileWrapper.h"
 #include "platform/text/NSTextAttachment.h"

@@ -1,4 +1,4 @@
-#include "cli/LocalImages.h"
+#include "documents/LocalImages.h"
 
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/Unicode.h"
