@@ -37,7 +37,8 @@ constexpr FontMetrics kTrebuchetMSMetrics{0.93896, -0.22217, 0, 0.71582, 0.52246
 constexpr FontMetrics kVerdanaMetrics{1.00537, -0.20996, 0, 0.72705, 0.54541, -0.08789, 0.08545};
 constexpr FontMetrics kHelveticaNeueBoldMetrics{0.975, -0.217, 0.029, 0.714, 0.517, -0.1, 0.05};
 
-constexpr std::array kFaces{
+// Clang deduces no array of so many elements from a list.
+constexpr auto kFaces = std::to_array<TableFace>({
     TableFace{u"American Typewriter", u"Regular", u"AmericanTypewriter", FontWeight::Regular, 0,
               kUsualMetrics},
     TableFace{u"American Typewriter", u"Light", u"AmericanTypewriter-Light", FontWeight::Light, 0,
@@ -411,7 +412,7 @@ constexpr std::array kFaces{
     TableFace{u"Verdana", u"Bold Italic", u"Verdana-BoldItalic", FontWeight::Bold, kBold | kItalic,
               kVerdanaMetrics},
     TableFace{u"Zapfino", u"Regular", u"Zapfino", FontWeight::Regular, 0, kUsualMetrics},
-};
+});
 
 static_assert(std::is_sorted(kFaces.begin(), kFaces.end(),
                              [](const auto& one, const auto& other) { return one.family < other.family; }));
