@@ -207,17 +207,22 @@ std::string decodedAs(std::string_view bytes, std::string_view charsetName)
 
 } // namespace
 
-TextEncoding textEncodingForBytes(std::string_view bytes, bool isWholeText)
+std::optional<TextEncoding> sureTextEncodingForBytes(std::string_view bytes, bool isWholeText)
 {
     if (auto encoding = encodingByMark(bytes))
-        return *encoding;
+        return encoding;
     if (auto encoding = encodingByZeros(bytes))
-        return *encoding;
+        return encoding;
     if (auto encoding = encodingByEscapes(bytes))
-        return *encoding;
+        return encoding;
     if (isValidUTF8(isWholeText ? bytes : withoutCutCharacter(bytes)))
-        return {"utf-8", 0, true};
-    if (auto encoding = encodingByDeclaration(bytes))
+        return TextEncoding{"utf-8", 0, true};
+    return encodingByDeclaration(bytes);
+}
+
+TextEncoding textEncodingForBytes(std::string_view bytes, bool isWholeText)
+{
+    if (auto encoding = sureTextEncodingForBytes(bytes, isWholeText))
         return *encoding;
     if (looksLikeEBCDIC(bytes))
         return {"ibm-500", 0, false};

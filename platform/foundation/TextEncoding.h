@@ -24,6 +24,10 @@ struct TextEncoding {
 /// cut. Costs a pass over the bytes; guessing looks at 16 KB of them at most.
 [[nodiscard]] TextEncoding textEncodingForBytes(std::string_view bytes, bool isWholeText = true);
 
+/// The same without the last: none where it would be guessed, which takes by far the longest.
+[[nodiscard]] std::optional<TextEncoding> sureTextEncodingForBytes(std::string_view bytes,
+                                                                   bool isWholeText = true);
+
 /// `bytes` as UTF-8, by the encoding they seem to be in. Never fails: what has no meaning becomes U+FFFD.
 [[nodiscard]] std::string decodedText(std::string_view bytes);
 

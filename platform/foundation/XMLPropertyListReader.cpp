@@ -306,8 +306,8 @@ bool XMLParser::parse(std::string_view xml)
 /// to standard error when bytes do not fit the one they declare.
 std::optional<std::string> UTF8OfXML(std::string_view xml)
 {
-    const auto encoding = textEncodingForBytes(xml);
-    auto text = encoding.isSure ? decodedText(xml, encoding.name) : std::nullopt;
+    const auto encoding = sureTextEncodingForBytes(xml);
+    auto text = encoding ? decodedText(xml, encoding->name) : std::nullopt;
     return text && text->find('\0') == std::string::npos ? text : std::nullopt;
 }
 

@@ -147,6 +147,18 @@ TEST(TextEncoding, ForgivesCutCharacterOnlyWhenTextGoesOn)
     EXPECT_NE(textEncodingForBytes(cut, true).name, "utf-8");
 }
 
+TEST(TextEncoding, IsSureOfWhatItNeedNotGuess)
+{
+    const auto sure = sureTextEncodingForBytes("caf\xC3\xA9");
+    ASSERT_TRUE(sure);
+    EXPECT_EQ(sure->name, "utf-8");
+    EXPECT_TRUE(sure->isSure);
+    EXPECT_TRUE(sureTextEncodingForBytes("caf\xC3", false));
+    EXPECT_TRUE(sureTextEncodingForBytes("<?xml encoding='iso-8859-15'?><a>caf\xE9</a>"));
+    EXPECT_FALSE(sureTextEncodingForBytes("Le gar\xE7on a \xE9t\xE9 tr\xE8s content"));
+    EXPECT_FALSE(sureTextEncodingForBytes("caf\xC3"));
+}
+
 TEST(TextEncoding, SaysNothingOfNothing)
 {
     EXPECT_EQ(decodedText(""), "");
