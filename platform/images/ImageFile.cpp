@@ -1,5 +1,6 @@
 #include "platform/images/ImageFile.h"
 
+#include "platform/images/BitmapHeader.h"
 #include "platform/images/ImageFormats.h"
 #include "platform/images/ImageLoader.h"
 #include "platform/images/PixelOrientation.h"
@@ -13,6 +14,8 @@
 #include <utility>
 
 namespace {
+
+constexpr std::string_view kBitmapType = "com.microsoft.bmp";
 
 void tell(NSError* error, ImageError code, std::string description)
 {
@@ -35,7 +38,7 @@ struct ImageHeader {
     }
 };
 
-/// None, and told, when the bytes are no image or too many.
+/// None, and told, when the bytes are no image, too many, or would cost their decoder too much.
 const ImageFormat* knownFormat(std::string_view bytes, NSError* error)
 {
     const auto* format = imageFormatOfBytes(bytes);
@@ -46,6 +49,10 @@ const ImageFormat* knownFormat(std::string_view bytes, NSError* error)
     const ContentLimits limits;
     if (bytes.size() > (format->isVector ? limits.vectorImageBytes : limits.imageBytes)) {
         tell(error, ImageError::TooLarge, fmt::format("The image has {} bytes, too many.", bytes.size()));
+        return nullptr;
+    }
+    if (format->typeIdentifier == kBitmapType && claimsTooManyColours(bytes)) {
+        tell(error, ImageError::Broken, "The image cannot be read: it has more colours than its pixels.");
         return nullptr;
     }
     return format;
