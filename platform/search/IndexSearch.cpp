@@ -25,6 +25,21 @@ std::int64_t clamped(std::size_t value)
     return static_cast<std::int64_t>(std::min<std::size_t>(value, std::numeric_limits<std::int64_t>::max()));
 }
 
+/// With spaces for the characters that stand for the files and boxes of a note: they part words, too.
+std::string readableSnippet(std::string_view snippet)
+{
+    constexpr std::string_view kObject = "\uFFFC";
+    std::string readable;
+    for (;;) {
+        const auto object = std::min(snippet.find(kObject), snippet.size());
+        readable += snippet.substr(0, object);
+        if (object == snippet.size())
+            return readable;
+        readable += ' ';
+        snippet.remove_prefix(object + kObject.size());
+    }
+}
+
 std::optional<NSURL> parentOf(DocumentTree& tree, NodeID identifier, const SKDocumentRef& document)
 {
     const auto node = tree.node(identifier);
@@ -55,7 +70,7 @@ bool searchIndex(const SQLiteDatabase& database, DocumentTree& tree, std::string
             const auto document = tree.documentOfNode(node);
             if (!document)
                 throw SKIndexException("a document has no place in the tree");
-            hits.push_back({document->URL(), -statement.real(1), std::string(statement.text(2)),
+            hits.push_back({document->URL(), -statement.real(1), readableSnippet(statement.text(2)),
                             parentOf(tree, node, document)});
         }
         return true;

@@ -41,7 +41,7 @@ struct SKSearchHit {
     NSURL url;
     /// Greater is better; comparable within one search only.
     double score = 0;
-    /// A piece of the text around the matches. Empty when the text is.
+    /// A piece of the text around the matches, with spaces for U+FFFC. Empty when the text is.
     std::string snippet;
     /// The document above, when that is a document too: the item of an attachment.
     std::optional<NSURL> parent;

@@ -124,6 +124,12 @@ TEST_F(IndexSearchTest, MarksSignsThatBelongToAWord)
     EXPECT_EQ(search("#rain").at(0).snippet, "I write C++ daily [#rain]");
 }
 
+TEST_F(IndexSearchTest, ShowsSpacesWhereFilesAndBoxesStand)
+{
+    ASSERT_TRUE(add("/a", "\uFFFCbread and\uFFFCbutter\uFFFC"));
+    EXPECT_EQ(search("bread").at(0).snippet, " [bread] and butter ");
+}
+
 TEST_F(IndexSearchTest, NamesTheItemOfAnAttachment)
 {
     ASSERT_TRUE(add("/dir/mail.eml", "letter"));
