@@ -14,15 +14,20 @@ constexpr std::size_t kEndOffset = 50;
 /// The oldest headers are shorter and count no colours.
 constexpr std::size_t kShortestCountingHeader = 40;
 
+/// The fifth version's.
+constexpr std::size_t kLongestHeader = 124;
+
 /// Pixels of more bits are colours themselves.
 constexpr unsigned kMostBitsOfChoice = 8;
 
 } // namespace
 
-bool claimsTooManyColours(std::string_view bitmapFile)
+bool overstatesBitmapHeader(std::string_view bitmapFile)
 {
-    if (bitmapFile.size() < kEndOffset
-        || littleEndian32(bitmapFile, kHeaderLengthOffset) < kShortestCountingHeader)
+    const auto headerLength = littleEndian32(bitmapFile, kHeaderLengthOffset);
+    if (headerLength > kLongestHeader)
+        return true;
+    if (bitmapFile.size() < kEndOffset || headerLength < kShortestCountingHeader)
         return false;
     const unsigned bits = littleEndian16(bitmapFile, kBitsOffset);
     return bits <= kMostBitsOfChoice && littleEndian32(bitmapFile, kColourCountOffset) > 1U << bits;

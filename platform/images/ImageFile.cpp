@@ -51,8 +51,8 @@ const ImageFormat* knownFormat(std::string_view bytes, NSError* error)
         tell(error, ImageError::TooLarge, fmt::format("The image has {} bytes, too many.", bytes.size()));
         return nullptr;
     }
-    if (format->typeIdentifier == kBitmapType && claimsTooManyColours(bytes)) {
-        tell(error, ImageError::Broken, "The image cannot be read: it has more colours than its pixels.");
+    if (format->typeIdentifier == kBitmapType && overstatesBitmapHeader(bytes)) {
+        tell(error, ImageError::Broken, "The image cannot be read: its header claims too much.");
         return nullptr;
     }
     return format;

@@ -30,34 +30,49 @@ std::string bitmap(std::uint32_t bits, std::uint32_t colourCount, std::uint32_t 
 
 TEST(BitmapHeader, MayCountAsManyColoursAsPixelsTellApart)
 {
-    EXPECT_FALSE(claimsTooManyColours(bitmap(1, 2)));
-    EXPECT_TRUE(claimsTooManyColours(bitmap(1, 3)));
-    EXPECT_FALSE(claimsTooManyColours(bitmap(8, 256)));
-    EXPECT_TRUE(claimsTooManyColours(bitmap(8, 257)));
-    EXPECT_TRUE(claimsTooManyColours(bitmap(8, 0xFF000006)));
+    EXPECT_FALSE(overstatesBitmapHeader(bitmap(1, 2)));
+    EXPECT_TRUE(overstatesBitmapHeader(bitmap(1, 3)));
+    EXPECT_FALSE(overstatesBitmapHeader(bitmap(8, 256)));
+    EXPECT_TRUE(overstatesBitmapHeader(bitmap(8, 257)));
+    EXPECT_TRUE(overstatesBitmapHeader(bitmap(8, 0xFF000006)));
 }
 
 TEST(BitmapHeader, MayLeaveTheCountOut)
 {
-    EXPECT_FALSE(claimsTooManyColours(bitmap(4, 0)));
+    EXPECT_FALSE(overstatesBitmapHeader(bitmap(4, 0)));
 }
 
 TEST(BitmapHeader, MayCountColoursOfWidePixels)
 {
-    EXPECT_FALSE(claimsTooManyColours(bitmap(24, 0xFF000006)));
+    EXPECT_FALSE(overstatesBitmapHeader(bitmap(24, 0xFF000006)));
 }
 
 TEST(BitmapHeader, CountsNothingInTheOldestForm)
 {
-    EXPECT_FALSE(claimsTooManyColours(bitmap(8, 0xFF000006, 12)));
+    EXPECT_FALSE(overstatesBitmapHeader(bitmap(8, 0xFF000006, 12)));
 }
 
 TEST(BitmapHeader, IsNotReadBehindTheEnd)
 {
     const auto whole = bitmap(8, 257);
-    EXPECT_TRUE(claimsTooManyColours(whole.substr(0, 50)));
-    EXPECT_FALSE(claimsTooManyColours(whole.substr(0, 49)));
-    EXPECT_FALSE(claimsTooManyColours("BM"));
+    EXPECT_TRUE(overstatesBitmapHeader(whole.substr(0, 50)));
+    EXPECT_FALSE(overstatesBitmapHeader(whole.substr(0, 49)));
+    EXPECT_FALSE(overstatesBitmapHeader("BM"));
+}
+
+TEST(BitmapHeader, MayBeAsLongAsTheLongestForm)
+{
+    EXPECT_FALSE(overstatesBitmapHeader(bitmap(8, 256, 124)));
+    EXPECT_TRUE(overstatesBitmapHeader(bitmap(8, 256, 125)));
+    EXPECT_TRUE(overstatesBitmapHeader(bitmap(24, 0, 0xE007F800)));
+    EXPECT_TRUE(overstatesBitmapHeader(bitmap(24, 0, 0xE007F800).substr(0, 18)));
+}
+
+TEST(BitmapHeader, OfEndlessLengthIsRefusedBeforeItIsDecoded)
+{
+    NSError error;
+    EXPECT_FALSE(sizeOfImage(bitmap(24, 0, 0xE007F800), &error));
+    EXPECT_NE(error.localizedDescription().find("header claims too much"), std::string::npos);
 }
 
 TEST(BitmapHeader, OfTooManyColoursIsRefusedBeforeItIsDecoded)
