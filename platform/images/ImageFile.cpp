@@ -96,9 +96,12 @@ double shareToDecode(NSSize shown, NSSize largest)
     return share;
 }
 
+/// Rounded up, but for what the division that gave the share left over: 769 times 50/769 is 50.
 std::size_t shareOf(std::size_t count, double share)
 {
-    return std::max<std::size_t>(1, static_cast<std::size_t>(std::ceil(static_cast<double>(count) * share)));
+    constexpr double kLeftOver = 1e-6;
+    const auto exact = static_cast<double>(count) * share - kLeftOver;
+    return std::max<std::size_t>(1, static_cast<std::size_t>(std::ceil(exact)));
 }
 
 } // namespace

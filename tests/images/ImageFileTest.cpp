@@ -50,6 +50,16 @@ TEST(ImageFile, DecodesFewerPixelsOfAnImageThatIsShownSmall)
     EXPECT_EQ(image->pixels().front(), kRed);
 }
 
+TEST(ImageFile, DecodesNoPixelMoreThanTheSideHoldsWhateverTheProportion)
+{
+    // In floating point some of these, times 50 divided by themselves, are a little more than 50.
+    for (const int high : {51, 199, 769, 1000}) {
+        const auto image = imageWithData(twoColouredImage("png", 1, high), {50, 50});
+        ASSERT_TRUE(image);
+        EXPECT_EQ(image->pixelsHigh(), 50U) << high;
+    }
+}
+
 TEST(ImageFile, NeverMakesAnImageLarger)
 {
     EXPECT_EQ(imageWithData(twoColouredImage("png", 4, 2), {40, 100})->pixelsWide(), 4U);
