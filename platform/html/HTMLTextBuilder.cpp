@@ -168,7 +168,9 @@ void HTMLTextBuilder::endParagraph()
     // The last line break of a block only ends its last line.
     if (m_endsWithBlank || m_endsWithLineBreak)
         removeLastUnit();
-    const auto attributes = std::move(m_paragraph->attributes);
+    auto attributes = std::move(m_paragraph->attributes);
+    // An attachment belongs to its character alone.
+    attributes.erase(std::u16string(NSAttachmentAttributeName));
     append(u"\n", attributes);
     m_paragraph->range.length = m_text.length() - m_paragraph->range.location;
     m_last = std::move(m_paragraph);

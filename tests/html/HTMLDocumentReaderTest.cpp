@@ -366,6 +366,21 @@ TEST(HTMLDocumentReader, AttachesImagesThatItHas)
     EXPECT_EQ(second->fileWrapper()->preferredFilename(), u"c.gif");
 }
 
+TEST(HTMLDocumentReader, KeepsAnImageOutOfTheLineEndBehindIt)
+{
+    const auto text
+        = read("<p>a <img alt=b.png src='data:image/png;base64,Ynl0ZXM='></p>"
+               "<ul><li>c <img alt=d.png src='data:image/png;base64,Ynl0ZXM='></li><li>e</li></ul>");
+    std::size_t attachmentCount = 0;
+    for (NSUInteger index = 0; index < text.length(); ++index) {
+        const bool isAttached = !text.attribute(NSAttachmentAttributeName, index).isNil();
+        EXPECT_EQ(isAttached, text.string()[index] == NSAttachmentCharacter) << index;
+        attachmentCount += isAttached ? 1 : 0;
+    }
+    EXPECT_EQ(attachmentCount, 2U);
+    EXPECT_TRUE(text.attribute(NSFontAttributeName, text.string().find(u'\n')).object<NSFont>());
+}
+
 TEST(HTMLDocumentReader, TellsTheDocumentsAttributes)
 {
     NSAny::Dictionary attributes;
