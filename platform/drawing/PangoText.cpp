@@ -35,6 +35,12 @@ struct Encoded {
     std::vector<guint> offsets;
 };
 
+/// Whether it is a code that stands for no character and never will. Cairo takes none as the text of a PDF.
+bool isNoncharacter(char32_t codePoint)
+{
+    return (codePoint & 0xFFFEU) == 0xFFFE || (codePoint >= 0xFDD0 && codePoint <= 0xFDEF);
+}
+
 /// Turns each character into one that Pango can take.
 class Characters {
 public:
@@ -45,7 +51,8 @@ public:
         if (codePoint == NSAttachmentCharacter)
             return kZeroWidthSpace;
         const auto isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-        return codePoint == 0 || isSurrogate ? kReplacementCharacter : codePoint;
+        const auto isDrawable = codePoint != 0 && !isSurrogate && !isNoncharacter(codePoint);
+        return isDrawable ? codePoint : kReplacementCharacter;
     }
 
 private:

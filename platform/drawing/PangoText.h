@@ -11,7 +11,7 @@
 
 /// Text as Pango takes it.
 struct PangoText {
-    /// UTF-8 without NULs.
+    /// UTF-8 without NULs and noncharacters.
     std::string characters;
     /// Over bytes of `characters`.
     AttributeList attributes;
@@ -19,9 +19,9 @@ struct PangoText {
     std::vector<guint> offsets;
 };
 
-/// The characters and the attributes of a piece of text. What is no character (unpaired surrogates, NUL) is
-/// U+FFFD; attachments leave no ink and take no room; behind a thousand tabs, more of them are spaces.
-/// Colours are as in the appearance.
+/// The characters and the attributes of a piece of text. What is no character (unpaired surrogates, NUL,
+/// noncharacters such as U+FFFE) is U+FFFD; attachments leave no ink and take no room; behind a thousand
+/// tabs, more of them are spaces. Colours are as in the appearance.
 [[nodiscard]] PangoText pangoText(const NSAttributedString& text, NSRange range, NSAppearance appearance);
 
 /// Where a line that is too long is cut; none for what is broken or clipped.

@@ -27,6 +27,27 @@ TEST(StrangeText, TakesWhateverNamesHold)
         EXPECT_NO_THROW((void)drawn(systemText(text)));
 }
 
+// The text of a PDF that is selected must be of characters.
+TEST(StrangeText, StandsInAPDFWithoutWhatIsNoCharacter)
+{
+    for (const auto* text :
+         {u"a\xfffe"
+          u"b",
+          u"a\xffff"
+          u"b",
+          u"\xfdd0", u"\xfdef", u"\xd83f\xdffe", u"\xdbff\xdfff", u"\x0001\x0008\x001b\x007f", u"\xd800"}) {
+        const auto draw = [text](NSGraphicsContext& context) {
+            drawAttributedString(systemText(text), {{}, kSheet}, context);
+        };
+        NSError error;
+        const auto document = DrawingSurface{kSheet}.PDFRepresentation(NSDrawing(draw), &error);
+        ASSERT_TRUE(document) << error.localizedDescription();
+        EXPECT_TRUE(document->bytes.starts_with("%PDF"));
+    }
+    EXPECT_EQ(sizeOfAttributedString(systemText(u"\xfffe")).width,
+              sizeOfAttributedString(systemText(u"\xfffd")).width);
+}
+
 // A pair of surrogates may lie in two runs.
 TEST(StrangeText, TakesCharactersThatLieInTwoRuns)
 {
