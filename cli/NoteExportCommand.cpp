@@ -88,7 +88,8 @@ ExitStatus writeNote(const ExportArguments& arguments, DocumentKind kind, Docume
     if (!document)
         return ExitStatus::Failure;
     NSError error;
-    if (!writeDocument(*document, url, options.filesFolder, existing, &error)) {
+    const DocumentPlace place{url, kind, existing, urlOfNoteArgument(arguments.path)};
+    if (!writeDocument(*document, place, options.filesFolder, &error)) {
         printError(*arguments.output, errorReason(error, *arguments.output));
         return ExitStatus::Failure;
     }

@@ -60,14 +60,16 @@ ExitStatus makeNote(const NewArguments& arguments)
         throw UsageError("note new: --kind says what the file of --from is");
     NSError error;
     const auto existing = arguments.isForced ? ExistingFiles::Replace : ExistingFiles::Keep;
-    if (!mayWriteDocument(url, NSFileType::Directory, existing, &error)) {
+    const auto source
+        = arguments.from ? std::optional(NSURL::fileURLWithPath(*arguments.from)) : std::nullopt;
+    if (!mayWriteDocument({url, DocumentKind::Note, existing, source}, &error)) {
         printError(arguments.path, errorReason(error, arguments.path));
         return ExitStatus::Failure;
     }
     const auto note = arguments.from ? noteOfFile(arguments) : std::make_unique<CVLNoteFile>();
     if (!note)
         return ExitStatus::Failure;
-    if (note->saveToFileURL(url, &error))
+    if (note->saveToFileURL(resolvedDocumentURL(url), &error))
         return ExitStatus::Success;
     printError(arguments.path, errorReason(error, arguments.path));
     return ExitStatus::Failure;

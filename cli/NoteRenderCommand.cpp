@@ -3,7 +3,7 @@
 #include "cli/ErrorMessage.h"
 #include "cli/NoteArgument.h"
 #include "cli/NoteCommand.h"
-#include "cli/OutputFile.h"
+#include "documents/DocumentFile.h"
 #include "rendering/NoteRendering.h"
 
 #include <CLI/CLI.hpp>
@@ -21,7 +21,8 @@ namespace {
 
 constexpr const char* kExplanation
     = "OUT's name says what is made: a picture (.png, .svg) of the whole note on one sheet, or a document "
-      "(.pdf) with pages. A file that is there is replaced. A note with a background of its own is drawn in "
+      "(.pdf) with pages. Nothing that exists is replaced without --force; but a thumbnail takes the "
+      "place of an empty file or a PNG image. A note with a background of its own is drawn in "
       "the appearance that can be read on it.\n"
       "\n"
       "Examples:\n"
@@ -39,6 +40,14 @@ struct RenderArguments {
     std::optional<double> width;
     std::optional<double> scale;
     std::optional<std::size_t> thumbnail;
+    bool isForced = false;
+
+    [[nodiscard]] ExistingFiles existingFiles() const
+    {
+        if (isForced)
+            return ExistingFiles::Replace;
+        return thumbnail ? ExistingFiles::ReplaceImage : ExistingFiles::Keep;
+    }
 
     [[nodiscard]] NSAppearance appearance() const
     {
@@ -106,7 +115,10 @@ ExitStatus renderNote(const RenderArguments& arguments)
         printError(arguments.path, errorMessage(error));
         return ExitStatus::Failure;
     }
-    if (writeOutputFile(drawn->bytes, *arguments.output, &error))
+    // Of the kinds that are files, which one it is does not matter here.
+    const DocumentPlace place{NSURL::fileURLWithPath(*arguments.output), DocumentKind::PDF,
+                              arguments.existingFiles(), urlOfNoteArgument(arguments.path)};
+    if (writeDocument({NSFileWrapper::initRegularFileWithContents(*drawn), {}, 0}, place, {}, &error))
         return ExitStatus::Success;
     printError(*arguments.output, errorReason(error, *arguments.output));
     return ExitStatus::Failure;
@@ -146,6 +158,7 @@ Command addNoteRenderCommand(CLI::App& command)
                     "The note's beginning only, as a PNG image so many pixels wide and high")
         ->check(CLI::Range(kSmallestThumbnail, kLargestThumbnail))
         ->type_name("SIZE");
+    syntax.add_flag("--force", arguments->isForced, "Replace the file that is there");
     addPathArgument(syntax, "NOTE", arguments->path, "The note");
     return {&syntax, [arguments] { return renderNote(*arguments); }};
 }

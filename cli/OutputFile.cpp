@@ -1,5 +1,6 @@
 #include "cli/OutputFile.h"
 
+#include "documents/DocumentPlace.h"
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/NSFileWrapper.h"
 
@@ -63,6 +64,8 @@ bool writeOutputFile(std::string_view bytes, const std::string& path, NSError* e
 {
     struct stat status { };
 
+    if (isInPackage(NSURL::fileURLWithPath(path), error))
+        return false;
     if (::stat(path.c_str(), &status) != 0)
         return errno == ENOENT ? replaceFile(bytes, path, std::nullopt, error) : fail(error, errno, path);
     if (S_ISDIR(status.st_mode))

@@ -2,9 +2,9 @@
 
 #include "platform/foundation/FileDescriptor.h"
 #include "platform/foundation/FileNameText.h"
-#include "platform/types/UTType.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <sys/stat.h>
@@ -33,29 +33,24 @@ bool failWithErrno(NSError* error, int errnoValue, const NSURL& url)
     return false;
 }
 
-bool isPackage(const NSURL& url)
-{
-    const auto type = UTType::typeWithFilenameExtension(url.pathExtension());
-    return type && type->conformsToType("com.apple.package");
-}
-
 NSURL folderBeside(const NSURL& url, const std::u16string& name)
 {
     return url.URLByDeletingLastPathComponent().URLByAppendingPathComponent(fileNameFromText(name));
 }
 
-/// Where a link leads to; the URL itself of anything else.
-NSURL resolvedURL(const NSURL& url)
+bool writeThrough(const std::string& bytes, const NSURL& url, NSError* error)
 {
-    std::error_code failure;
-    const auto path = std::filesystem::canonical(url.path(), failure);
-    return failure ? url : NSURL::fileURLWithPath(path.native());
+    const FileDescriptor file(::open(url.path().c_str(), O_WRONLY | O_CLOEXEC));
+    return (file.isValid() && writeAll(file.get(), bytes)) || failWithErrno(error, errno, url);
 }
 
 bool writeFile(NSFileWrapper& file, const NSURL& url, NSError* error)
 {
-    const auto target = resolvedURL(url);
-    if (const auto status = statusOf(target.path(), Links::Follow); status && file.isRegularFile()) {
+    const auto target = resolvedDocumentURL(url);
+    const auto status = file.isRegularFile() ? statusOf(target.path(), Links::Follow) : std::nullopt;
+    if (status && !S_ISREG(status->st_mode))
+        return writeThrough(file.regularFileContents()->bytes, target, error);
+    if (status) {
         auto attributes = file.fileAttributes();
         attributes.posixPermissions = status->st_mode & kPermissionBits;
         file.setFileAttributes(attributes);
@@ -103,37 +98,23 @@ bool writeFiles(const NSFileWrapper::FileWrappers& files, const NSURL& folder, N
 
 } // namespace
 
-bool mayWriteDocument(const NSURL& url, NSFileType type, ExistingFiles existing, NSError* error)
-{
-    if (!statusOf(url.path(), Links::Show))
-        return errno == ENOENT || failWithErrno(error, errno, url);
-    if (existing == ExistingFiles::Keep)
-        return failWithErrno(error, EEXIST, url);
-    const auto status = statusOf(url.path(), Links::Follow);
-    const bool isFolder = status && S_ISDIR(status->st_mode);
-    if (type == NSFileType::Directory && isFolder && isPackage(url))
-        return true;
-    if (type == NSFileType::Regular && status && S_ISREG(status->st_mode))
-        return true;
-    return failWithErrno(error, isFolder ? EISDIR : EEXIST, url);
-}
-
 std::u16string filesFolderOfDocument(const NSURL& url)
 {
     return textFromFileName(std::filesystem::path(url.path()).stem().native() + std::string(kFilesEnding));
 }
 
-bool writeDocument(const ExportedDocument& document, const NSURL& url, const std::u16string& filesFolder,
-                   ExistingFiles existing, NSError* error)
+bool writeDocument(const ExportedDocument& document, const DocumentPlace& place,
+                   const std::u16string& filesFolder, NSError* error)
 {
-    if (!mayWriteDocument(url, document.document->fileType(), existing, error))
+    if (!mayWriteDocument(place, error))
         return false;
-    const auto folder = folderBeside(url, filesFolder);
-    const bool mayWrite = existing == ExistingFiles::Replace || keepsFiles(document.files, folder, error);
+    const auto folder = folderBeside(place.url, filesFolder);
+    const bool mayWrite
+        = place.existing == ExistingFiles::Replace || keepsFiles(document.files, folder, error);
     if (!mayWrite)
         return false;
     if (!document.files.empty()
         && (!makeFilesFolder(folder, error) || !writeFiles(document.files, folder, error)))
         return false;
-    return writeFile(*document.document, url, error);
+    return writeFile(*document.document, place.url, error);
 }

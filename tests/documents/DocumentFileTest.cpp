@@ -18,7 +18,8 @@ protected:
                              ExistingFiles existing = ExistingFiles::Keep)
     {
         const auto url = m_folder.url(name);
-        return writeDocument(document, url, filesFolderOfDocument(url), existing, &m_error);
+        const auto kind = document.document->isDirectory() ? DocumentKind::RTFD : DocumentKind::Markdown;
+        return writeDocument(document, {url, kind, existing, {}}, filesFolderOfDocument(url), &m_error);
     }
 
     [[nodiscard]] std::string contentsOf(std::string_view name) const
@@ -133,6 +134,7 @@ TEST_F(DocumentFileTest, WritesFilesIntoNoLinkedFolder)
 
 TEST_F(DocumentFileTest, ReplacesAPackageAsAWhole)
 {
+    m_folder.write("a.rtfd/TXT.rtf", "old");
     m_folder.write("a.rtfd/old.png", "old");
     ASSERT_TRUE(write(package(), "a.rtfd", ExistingFiles::Replace));
     EXPECT_EQ(contentsOf("a.rtfd/TXT.rtf"), "new");
@@ -154,6 +156,13 @@ TEST_F(DocumentFileTest, ReplacesNoFileByAPackage)
     EXPECT_FALSE(write(package(), "a.rtfd", ExistingFiles::Replace));
     EXPECT_EQ(m_error.code(), EEXIST);
     EXPECT_EQ(contentsOf("a.rtfd"), "mine");
+}
+
+TEST_F(DocumentFileTest, WritesToADevice)
+{
+    ASSERT_TRUE(
+        writeDocument(textDocument("text"), {NSURL::fileURLWithPath("/dev/null")}, u"none", &m_error));
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
 TEST_F(DocumentFileTest, SaysThatTheFolderIsMissing)

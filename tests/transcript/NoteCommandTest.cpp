@@ -62,6 +62,39 @@ TEST_F(NoteCommand, ShowsTheTextOfANote)
     EXPECT_THAT(outcome.error, IsEmpty());
 }
 
+TEST_F(NoteCommand, WritesNoNoteOverItselfNorIntoIt)
+{
+    save(groceries(), "a.cvlnote");
+    const auto before = contentsOf("a.cvlnote/NoteText");
+    const std::vector<std::vector<std::string>> commands = {
+        {"export", "a.cvlnote", "--to", "rtfd", "-o", "a.cvlnote", "--force"},
+        {"export", "a.cvlnote", "--to", "md", "-o", "a.cvlnote/NoteText", "--force"},
+        {"new", "a.cvlnote", "--from", "a.cvlnote", "--force"},
+        {"new", "a.cvlnote/b.cvlnote"},
+    };
+    for (const auto& command : commands)
+        EXPECT_EQ(note(command).status, 1) << command.front();
+    EXPECT_EQ(contentsOf("a.cvlnote/NoteText"), before);
+    EXPECT_FALSE(std::filesystem::exists(folder().file("a.cvlnote/b.cvlnote")));
+}
+
+TEST_F(NoteCommand, MakesNoNoteInPlaceOfAFolderOfOtherThings)
+{
+    std::filesystem::create_directory(folder().file("a.cvlnote"));
+    std::ofstream(folder().file("a.cvlnote/data.txt")) << "mine";
+    EXPECT_EQ(note({"new", "a.cvlnote", "--force"}).status, 1);
+    EXPECT_EQ(contentsOf("a.cvlnote/data.txt"), "mine");
+}
+
+TEST_F(NoteCommand, MakesANoteWhereALinkToOneLeads)
+{
+    save(groceries(), "a.cvlnote");
+    std::filesystem::create_directory_symlink("a.cvlnote", folder().file("link.cvlnote"));
+    EXPECT_EQ(note({"new", "link.cvlnote", "--force"}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder().file("link.cvlnote")));
+    EXPECT_THAT(note({"text", "a.cvlnote"}).output, IsEmpty());
+}
+
 TEST_F(NoteCommand, ShowsNothingOfAnEmptyNote)
 {
     save({}, "a.cvlnote");

@@ -60,7 +60,7 @@ TEST_F(NoteRenderCommand, DrawsAtTheWidthAndScaleAsked)
 {
     EXPECT_EQ(render({"a.cvlnote", "-o", "a.png"}).status, 0);
     EXPECT_EQ(widthOfImage("a.png"), 600);
-    EXPECT_EQ(render({"a.cvlnote", "-o", "a.png", "--width", "300", "--scale", "1.5"}).status, 0);
+    EXPECT_EQ(render({"a.cvlnote", "-o", "a.png", "--width", "300", "--scale", "1.5", "--force"}).status, 0);
     EXPECT_EQ(widthOfImage("a.png"), 450);
 }
 
@@ -75,6 +75,41 @@ TEST_F(NoteRenderCommand, DrawsAThumbnailWhateverTheNameIs)
 {
     EXPECT_EQ(render({"--thumbnail", "128", "-o", "thumbnail", "a.cvlnote"}).status, 0);
     EXPECT_EQ(widthOfImage("thumbnail"), 128);
+}
+
+TEST_F(NoteRenderCommand, ReplacesNothingUnlessForcedTo)
+{
+    std::ofstream(folder().file("a.png")) << "mine";
+    const std::vector<std::vector<std::string>> commands = {{}, {"--thumbnail", "128"}};
+    for (auto command : commands) {
+        command.insert(command.end(), {"a.cvlnote", "-o", "a.png"});
+        const auto refused = render(command);
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_EQ(refused.error, "corvel: a.png: File exists\n");
+        EXPECT_EQ(contents("a.png"), "mine");
+    }
+    EXPECT_EQ(render({"a.cvlnote", "-o", "a.png", "--force"}).status, 0);
+    EXPECT_THAT(contents("a.png"), StartsWith("\x89PNG"));
+}
+
+TEST_F(NoteRenderCommand, DrawsAThumbnailInPlaceOfAnEmptyFileOrAnImage)
+{
+    std::ofstream(folder().file("thumbnail")).close();
+    EXPECT_EQ(render({"--thumbnail", "128", "-o", "thumbnail", "a.cvlnote"}).status, 0);
+    EXPECT_EQ(render({"--thumbnail", "64", "-o", "thumbnail", "a.cvlnote"}).status, 0);
+    EXPECT_EQ(widthOfImage("thumbnail"), 64);
+}
+
+TEST_F(NoteRenderCommand, DrawsNothingIntoANote)
+{
+    const auto before = contents("a.cvlnote/NoteText");
+    for (const auto* name : {"a.cvlnote/NoteText", "a.cvlnote/new.png"}) {
+        const auto outcome = render({"--thumbnail", "128", "-o", name, "--force", "a.cvlnote"});
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.error, StartsWith(std::string("corvel: ") + name + ": "));
+    }
+    EXPECT_EQ(contents("a.cvlnote/NoteText"), before);
+    EXPECT_FALSE(std::filesystem::exists(folder().file("a.cvlnote/new.png")));
 }
 
 TEST_F(NoteRenderCommand, SaysWhyANoteCannotBeDrawn)
