@@ -2,6 +2,7 @@
 #include "cli/Console.h"
 #include "cli/DocumentArgument.h"
 #include "cli/ErrorMessage.h"
+#include "cli/MissingFiles.h"
 #include "cli/NoteArgument.h"
 #include "cli/NoteCommand.h"
 #include "cli/TextArgument.h"
@@ -51,15 +52,26 @@ void tellLeftOut(const std::string& path, std::size_t count)
                        + " left out");
 }
 
+/// The other kinds have the names of files at the most, which stay there for missing ones too.
+bool holdsFiles(DocumentKind kind)
+{
+    return kind == DocumentKind::Markdown || kind == DocumentKind::Page || kind == DocumentKind::RTFD
+        || kind == DocumentKind::PDF;
+}
+
 std::optional<ExportedDocument> exportedNote(const ExportArguments& arguments, DocumentKind kind,
                                              const DocumentExportOptions& options)
 {
     const auto note = readNoteOfArgument(arguments.path);
     if (!note)
         return std::nullopt;
+    const auto missingCount
+        = holdsFiles(kind) ? takeMissingFilesOut(*note, urlOfNoteArgument(arguments.path)) : 0;
     NSError error;
     auto document = exportedDocument(*note, kind, options, &error);
-    if (!document)
+    if (document)
+        document->leftOutCount += missingCount;
+    else
         printError(arguments.path, errorMessage(error));
     return document;
 }

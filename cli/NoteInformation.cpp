@@ -20,7 +20,7 @@ std::size_t sizeOf(const NSFileWrapper& file)
     return size;
 }
 
-/// None for a file that its package does not have: the note keeps an empty one in its place.
+/// None for a file that its package does not have, for which the note keeps an empty one, and for a link.
 std::optional<std::size_t> sizeOfAttachment(const NSTextAttachment& attachment, const NSFileWrapper& package)
 {
     const auto& file = attachment.fileWrapper();
@@ -29,7 +29,7 @@ std::optional<std::size_t> sizeOfAttachment(const NSTextAttachment& attachment, 
     const auto size = sizeOf(*file);
     const auto name = file->preferredFilename();
     const bool isMissing = size == 0 && name && !package.fileWrapperForKey(*name);
-    return isMissing ? std::nullopt : std::optional(size);
+    return isMissing || file->isSymbolicLink() ? std::nullopt : std::optional(size);
 }
 
 NoteAttachment attachmentOf(const NSTextAttachment& attachment, const NSFileWrapper& package)

@@ -2,6 +2,7 @@
 #include "cli/Console.h"
 #include "cli/DocumentArgument.h"
 #include "cli/ErrorMessage.h"
+#include "cli/MissingFiles.h"
 #include "cli/NoteArgument.h"
 #include "cli/NoteCommand.h"
 #include "documents/DocumentFile.h"
@@ -18,7 +19,8 @@ namespace {
 constexpr const char* kExplanation
     = "FILE is Markdown, a page (HTML), RTF, RTFD, a Word document (docx), plain text or another note. Items "
       "with boxes to tick become checklists, rules become dividers, and the images beside Markdown and pages "
-      "attachments. A note is written anew with all that can be read of it, recovered if need be.\n"
+      "attachments. A note is written anew with all that can be read of it, recovered if need be; what is "
+      "lost, lines on standard error say.\n"
       "\n"
       "Examples:\n"
       "  corvel note new Groceries.cvlnote --from groceries.md\n"
@@ -38,11 +40,22 @@ bool isNote(const NewArguments& arguments)
     return documentKindOfFile(NSURL::fileURLWithPath(*arguments.from)) == DocumentKind::Note;
 }
 
+/// What is lost must not be lost in silence: in the new note nothing shows it.
+std::unique_ptr<CVLNoteFile> noteOfNote(const std::string& path)
+{
+    auto note = readNoteOfArgument(path);
+    if (!note)
+        return nullptr;
+    tellLosses(path);
+    takeLinksOut(*note);
+    return note;
+}
+
 /// Null, and said why, when the file cannot be read.
 std::unique_ptr<CVLNoteFile> noteOfFile(const NewArguments& arguments)
 {
     if (isNote(arguments))
-        return readNoteOfArgument(*arguments.from);
+        return noteOfNote(*arguments.from);
     const auto document = readDocumentOfArgument(*arguments.from, arguments.kind);
     if (!document)
         return nullptr;

@@ -148,6 +148,45 @@ TEST_F(NoteExamination, ListsWhatIsWrong)
                               {"description", "The attached file list.zip is missing."}}));
 }
 
+TEST_F(NoteExamination, SaysWhatANewNoteLacks)
+{
+    saveEverything();
+    std::filesystem::remove(folder().file("a.cvlnote/shop.png"));
+    const auto outcome = note({"new", "b.cvlnote", "--from", "a.cvlnote"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.error, "corvel: a.cvlnote: The attached file shop.png is missing.\n");
+}
+
+TEST_F(NoteExamination, CopiesNoLinks)
+{
+    saveEverything();
+    folder().write("secret.png", "secret");
+    std::filesystem::remove(folder().file("a.cvlnote/shop.png"));
+    std::filesystem::create_symlink(folder().file("secret.png"), folder().file("a.cvlnote/shop.png"));
+    EXPECT_THAT(note({"info", "a.cvlnote"}).output, HasSubstr("shop.png  public.png  in place, missing\n"));
+    EXPECT_EQ(note({"new", "b.cvlnote", "--from", "a.cvlnote"}).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(folder().file("b.cvlnote/shop.png")));
+    EXPECT_FALSE(std::filesystem::is_symlink(folder().file("b.cvlnote/shop.png")));
+}
+
+TEST_F(NoteExamination, ExportsNoEmptyFilesForMissingOnes)
+{
+    saveEverything();
+    std::filesystem::remove(folder().file("a.cvlnote/shop.png"));
+    for (const std::string kind : {"md", "html", "rtfd"}) {
+        const auto outcome = note({"export", "a.cvlnote", "-o", kind + "." + kind});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.error, "corvel: a.cvlnote: 1 attachment was left out\n") << kind;
+    }
+    EXPECT_EQ(note({"export", "a.cvlnote", "-o", "a.pdf"}).error,
+              "corvel: a.cvlnote: 1 attachment was left out\n");
+    for (const auto* name : {"md_files", "html_files", "rtfd.rtfd"}) {
+        EXPECT_TRUE(std::filesystem::exists(folder().file(name) / std::filesystem::path("list.zip"))) << name;
+        EXPECT_FALSE(std::filesystem::exists(folder().file(name) / std::filesystem::path("shop.png")))
+            << name;
+    }
+}
+
 TEST_F(NoteExamination, SaysWhetherANoteCanBeRecovered)
 {
     saveEverything();
