@@ -77,7 +77,7 @@ std::vector<std::string> noteInformationLines(const NoteInformation& information
         entry("written by", applicationOf(information.application)),
     };
     if (information.isRecovered)
-        lines.push_back(entry("text", "recovered, everything else is lost"));
+        lines.push_back(entry("text", "recovered with its files, everything else is lost"));
     lines.push_back(entry("attachments", std::to_string(information.attachments.size())));
     for (const auto& attachment : information.attachments)
         lines.push_back(attachmentLine(attachment));
@@ -111,7 +111,7 @@ std::u16string descriptionOfReadability(NoteReadability readability)
     if (readability != NoteReadability::Recoverable)
         return {};
     return NSBundle::mainBundle().localizedStringForKey(
-        u"The text can be recovered from TXT.rtf, nothing else.");
+        u"The text and its files can be recovered from TXT.rtf, nothing else.");
 }
 
 std::string noteCheckJSON(const NoteCheck& check, const std::string& path)

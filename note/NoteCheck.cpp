@@ -8,15 +8,19 @@
 #include "note/NotePackage.h"
 #include "note/NotePackageReader.h"
 #include "note/StoredNoteText.h"
+#include "note/UnreadableMembers.h"
 #include "platform/foundation/NSCharacterSet.h"
 #include "platform/foundation/NSPropertyList.h"
+#include "platform/foundation/NSStringPaths.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/rtf/NSAttributedStringRTF.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSDocumentAttributes.h"
+#include "platform/types/UTType.h"
 #include "richtext/AttachmentRuns.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <set>
 #include <string>
@@ -48,6 +52,19 @@ std::optional<NSAttributedString> throughRTF(const NSAttributedString& noteText)
     return package ? initWithRTFDFileWrapper(*package) : std::nullopt;
 }
 
+/// Whether what is called so is a file, and never a folder or a package.
+bool isNameOfFile(std::u16string_view name)
+{
+    const auto type = UTType::typeWithFilenameExtension(UTF8FromUTF16(pathExtension(name)));
+    return type && type->conformsToType("public.data") && !type->conformsToType("com.apple.package");
+}
+
+bool isFolder(const NSURL& url)
+{
+    std::error_code failure; // What cannot be looked at is no folder.
+    return std::filesystem::is_directory(url.path(), failure);
+}
+
 class Checker {
 public:
     Checker(const NSFileWrapper& package, std::size_t mostIndexedBytes)
@@ -73,6 +90,12 @@ private:
             m_check.findings.push_back({kind, std::move(subject)});
     }
 
+    void addNoFile(std::u16string_view name)
+    {
+        m_noFiles.emplace(name);
+        add(Kind::NoFile, std::u16string(name));
+    }
+
     [[nodiscard]] const NSFileWrapper* memberNamed(std::u16string_view name) const
     {
         return m_package.fileWrapperForKey(name).get();
@@ -84,7 +107,9 @@ private:
         if (!member)
             return add(Kind::MissingAttributes);
         const auto* const data = member->regularFileContents();
-        if (!data || !NSPropertyListSerialization::propertyListWithData(data->bytes).dictionary())
+        if (!data)
+            return addNoFile(kNoteAttributesMember);
+        if (!NSPropertyListSerialization::propertyListWithData(data->bytes).dictionary())
             return add(Kind::DamagedAttributes);
         m_attributes = NoteAttributes::attributesFromData(data->bytes);
     }
@@ -97,7 +122,9 @@ private:
             return add(Kind::MissingText);
         }
         const auto* const data = member->regularFileContents();
-        if (!data || data->bytes.empty())
+        if (!data)
+            return addNoFile(kNoteTextMember);
+        if (data->bytes.empty())
             return add(Kind::EmptyText);
         m_text = unarchivedNoteText(data->bytes, m_check.error);
         if (!m_text) {
@@ -123,9 +150,18 @@ private:
                 return;
             const auto& name = *file->preferredFilename();
             const bool isNew = m_namedFiles.insert(name).second;
-            if (isNew && isPlaceholder && !memberNamed(name))
-                add(Kind::MissingFile, name);
+            if (isNew && isPlaceholder)
+                checkMemberOfFile(name);
         });
+    }
+
+    void checkMemberOfFile(const std::u16string& name)
+    {
+        const auto* const member = memberNamed(name);
+        if (!member)
+            add(Kind::MissingFile, name);
+        else if (member->isSymbolicLink() || (member->isDirectory() && isNameOfFile(name)))
+            addNoFile(name);
     }
 
     void checkDividers()
@@ -192,7 +228,7 @@ private:
         const auto ownNames = {kNoteTextMember, kNoteAttributesMember, kNoteRTFMember};
         const auto filesOfRTF = attachedFiles();
         for (const auto& [name, member] : m_package.fileWrappers()) {
-            if (member->isSymbolicLink())
+            if (member->isSymbolicLink() && !m_noFiles.contains(name))
                 add(Kind::LinkedMember, name);
             const bool isOwn = std::find(ownNames.begin(), ownNames.end(), name) != ownNames.end();
             // A file that both parts hold is there twice; the second has a mark that is not part of its name.
@@ -223,6 +259,8 @@ private:
     std::optional<NSMutableAttributedString> m_text;
     bool m_isTextGone = false;
     std::set<std::u16string> m_namedFiles;
+    /// Members that are said to be no files already.
+    std::set<std::u16string> m_noFiles;
     /// The text for other programs, as far as there is one.
     std::optional<NSAttributedString> m_rtf;
 };
@@ -235,7 +273,11 @@ NoteCheck checkNote(const NSURL& url, std::size_t mostIndexedBytes)
     const auto package = NSFileWrapper::initWithURL(url, NSFileWrapperReadingOptions::Immediate, &error);
     if (package)
         return checkNotePackage(*package, mostIndexedBytes);
-    return {NoteReadability::Unreadable, {}, std::move(error)};
+    auto findings = unreadableMembers(url);
+    findings.resize(std::min(findings.size(), NoteCheck::kMostFindings));
+    if (findings.empty() && isFolder(url))
+        findings.push_back({Kind::UnreadablePackage, UTF16FromUTF8(error.localizedDescription())});
+    return {NoteReadability::Unreadable, std::move(findings), std::move(error)};
 }
 
 NoteCheck checkNotePackage(const NSFileWrapper& package, std::size_t mostIndexedBytes)

@@ -11,7 +11,7 @@
 /// How a note opens.
 enum class NoteReadability {
     Readable,
-    /// Its text is damaged or missing, and is taken from the package's RTFD part; nothing else comes with it.
+    /// Its text is damaged or missing, and is taken from the package's RTFD part, with its files.
     Recoverable,
     Unreadable,
 };
@@ -33,7 +33,8 @@ struct NoteCheck {
 /// are compared without white space and attachments, as writers differ in these. Hidden members, which file
 /// managers leave everywhere, are not looked at.
 ///
-/// Whether recovery works is found out by trying. What no package can be read from is Unreadable.
+/// Whether recovery works is found out by trying. What no package can be read from is Unreadable; of a
+/// folder, findings say why.
 [[nodiscard]] NoteCheck checkNote(const NSURL& url, std::size_t mostIndexedBytes);
 
 /// The same of a package in memory.

@@ -16,6 +16,14 @@ struct NoteFinding {
         MissingFile,
         /// An attachment without contents whose name is missing, or one that no file can have.
         NamelessFile,
+        /// A member that is a link, which is not followed, or a folder, where the note has a file.
+        NoFile,
+        /// A pipe, a socket or a device, which keeps the whole note from being read.
+        SpecialMember,
+        /// More than any package may have, which does the same.
+        HugeMember,
+        /// Why else there is a folder, but no note that can be read.
+        UnreadablePackage,
         /// A divider takes the place of text that is no divider's.
         MisplacedDivider,
 

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -193,6 +195,50 @@ TEST_F(NoteCheckTest, FindsMembersThatNothingRefersTo)
     EXPECT_THAT(checkOf(*package).findings, ElementsAre(NoteFinding{Kind::UnusedMember, u"stray.png"}));
 }
 
+TEST_F(NoteCheckTest, FindsOwnMembersThatAreNoFiles)
+{
+    for (const auto name : {kNoteTextMember, kNoteAttributesMember}) {
+        const auto package = packageOf(NoteText().add(u"a").text());
+        remove(*package, name);
+        const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
+        folder->setPreferredFilename(std::u16string(name));
+        package->addFileWrapper(folder);
+        EXPECT_THAT(checkOf(*package).findings, ElementsAre(NoteFinding{Kind::NoFile, std::u16string(name)}));
+    }
+}
+
+TEST_F(NoteCheckTest, FindsAFolderInPlaceOfAPicture)
+{
+    const auto package = packageOf(NoteText().addAttachment(makeAttachment(u"a.png")).add(u"a").text());
+    remove(*package, u"a.png");
+    const auto folder = NSFileWrapper::initDirectoryWithFileWrappers({});
+    folder->setPreferredFilename(u"a.png");
+    package->addFileWrapper(folder);
+    EXPECT_THAT(checkOf(*package).findings, ElementsAre(NoteFinding{Kind::NoFile, u"a.png"}));
+    EXPECT_TRUE(checkOf(*package).findings.front().isLoss());
+}
+
+TEST_F(NoteCheckTest, FindsWhatKeepsAPackageFromBeingRead)
+{
+    const TemporaryFolder folder;
+    ASSERT_TRUE(CVLNoteFile().saveToFileURL(folder.url("a.cvlnote")));
+    ASSERT_EQ(::mkfifo(folder.file("a.cvlnote/pipe").c_str(), 0600), 0);
+    const auto check = checkNote(folder.url("a.cvlnote"), kMostBytes);
+    EXPECT_EQ(check.readability, NoteReadability::Unreadable);
+    EXPECT_THAT(check.findings, ElementsAre(NoteFinding{Kind::SpecialMember, u"pipe"}));
+}
+
+TEST_F(NoteCheckTest, FindsAMemberBeyondAllLimits)
+{
+    const TemporaryFolder folder;
+    ASSERT_TRUE(CVLNoteFile().saveToFileURL(folder.url("a.cvlnote")));
+    folder.write("a.cvlnote/film.mov", "");
+    ASSERT_EQ(::truncate(folder.file("a.cvlnote/film.mov").c_str(), (off_t{4} << 30) + 1), 0);
+    const auto check = checkNote(folder.url("a.cvlnote"), kMostBytes);
+    EXPECT_EQ(check.readability, NoteReadability::Unreadable);
+    EXPECT_THAT(check.findings, ElementsAre(NoteFinding{Kind::HugeMember, u"film.mov"}));
+}
+
 TEST_F(NoteCheckTest, FindsLinks)
 {
     const TemporaryFolder folder;
@@ -202,7 +248,7 @@ TEST_F(NoteCheckTest, FindsLinks)
     std::filesystem::remove(folder.file("a.cvlnote/a.png"));
     std::filesystem::create_symlink("/etc/passwd", folder.file("a.cvlnote/a.png"));
     EXPECT_THAT(checkNote(folder.url("a.cvlnote"), kMostBytes).findings,
-                ElementsAre(NoteFinding{Kind::LinkedMember, u"a.png"}));
+                ElementsAre(NoteFinding{Kind::NoFile, u"a.png"}));
 }
 
 TEST_F(NoteCheckTest, FindsDividersInImpossiblePlaces)

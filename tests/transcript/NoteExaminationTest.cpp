@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+#include <sys/stat.h>
+
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
@@ -104,7 +106,8 @@ TEST_F(NoteExamination, SaysThatANoteWasRecovered)
     folder().write("a.cvlnote/NoteText", "nothing");
     const auto outcome = note({"info", "a.cvlnote"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, HasSubstr("\ntext            recovered, everything else is lost\n"));
+    EXPECT_THAT(outcome.output,
+                HasSubstr("\ntext            recovered with its files, everything else is lost\n"));
     const auto value = nlohmann::json::parse(note({"info", "--json", "a.cvlnote"}).output);
     EXPECT_EQ(value.at("recovered"), true);
 }
@@ -164,7 +167,11 @@ TEST_F(NoteExamination, CopiesNoLinks)
     std::filesystem::remove(folder().file("a.cvlnote/shop.png"));
     std::filesystem::create_symlink(folder().file("secret.png"), folder().file("a.cvlnote/shop.png"));
     EXPECT_THAT(note({"info", "a.cvlnote"}).output, HasSubstr("shop.png  public.png  in place, missing\n"));
-    EXPECT_EQ(note({"new", "b.cvlnote", "--from", "a.cvlnote"}).status, 0);
+    const auto outcome = note({"new", "b.cvlnote", "--from", "a.cvlnote"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(
+        outcome.error,
+        "corvel: a.cvlnote: shop.png is a link or a folder instead of a file, and what it held is lost.\n");
     EXPECT_FALSE(std::filesystem::exists(folder().file("b.cvlnote/shop.png")));
     EXPECT_FALSE(std::filesystem::is_symlink(folder().file("b.cvlnote/shop.png")));
 }
@@ -193,9 +200,9 @@ TEST_F(NoteExamination, SaysWhetherANoteCanBeRecovered)
     folder().write("a.cvlnote/NoteText", "nothing");
     const auto outcome = note({"check", "a.cvlnote"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(
-        outcome.output,
-        MatchesRegex("NoteText cannot be read: .*\nThe text can be recovered from TXT.rtf, nothing else.\n"));
+    EXPECT_THAT(outcome.output,
+                MatchesRegex("NoteText cannot be read: .*\nThe text and its files can be recovered from "
+                             "TXT.rtf, nothing else.\n"));
     EXPECT_THAT(outcome.error, testing::StartsWith("corvel: Could not decode note text: "));
     folder().write("a.cvlnote/TXT.rtf", "no rich text");
     const auto lost = note({"check", "a.cvlnote"});
@@ -214,6 +221,15 @@ TEST_F(NoteExamination, ChecksNothingThatIsNoNote)
         EXPECT_EQ(outcome.status, 3) << path;
         EXPECT_THAT(outcome.error, testing::StartsWith(std::string("corvel: ") + path + ": ")) << path;
     }
+}
+
+TEST_F(NoteExamination, SaysWhatKeepsANoteFromBeingRead)
+{
+    saveEverything();
+    ASSERT_EQ(::mkfifo(folder().file("a.cvlnote/pipe").c_str(), 0600), 0);
+    const auto outcome = note({"check", "a.cvlnote"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.output, "pipe is a pipe or a device: the note cannot be read.\n");
 }
 
 TEST_F(NoteExamination, CannotSteerATerminalByNames)
