@@ -1,6 +1,7 @@
 #include "rendering/NoteRendering.h"
 
 #include "note/CVLNoteFile.h"
+#include "platform/layout/LayoutLimits.h"
 #include "platform/layout/TextPages.h"
 #include "platform/layout/TextSheet.h"
 #include "rendering/NoteLook.h"
@@ -119,5 +120,11 @@ std::optional<NSData> PDFWithNote(const CVLNoteFile& note, const NotePageOptions
                            .margins = {margin, margin, margin, margin},
                            .backgroundColor = look.backgroundColor,
                            .appearance = look.appearance});
+    if (pages.count() > kMostPages) {
+        tellRefusal(
+            error,
+            fmt::format("The note would take {} pages; a PDF has {} at most.", pages.count(), kMostPages));
+        return std::nullopt;
+    }
     return pages.surface().PDFRepresentation(pages.drawings(), error);
 }

@@ -17,8 +17,16 @@ inline constexpr std::size_t kMaximumTabStops = 500;
 /// So much of a line is set at once, in UTF-16 code units: time and memory stay in proportion to the text.
 inline constexpr std::size_t kLongestPiece = 4000;
 
+/// And so much of its height, by what its letters should need: what is on a page is set again for that page,
+/// so a piece should not go on over many. But never less than the shortest piece.
+inline constexpr double kHighestPiece = 20000;
+inline constexpr std::size_t kShortestPiece = 16;
+
 /// So many attachments at the most: a cell may look at all of its line.
 inline constexpr std::size_t kMostAttachments = 100;
+
+/// Documents have no more pages than this.
+inline constexpr std::size_t kMostPages = 50000;
 
 [[nodiscard]] inline double boundedLength(double length, double low = 0, double high = kLargestLength)
 {

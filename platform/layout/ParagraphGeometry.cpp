@@ -12,6 +12,8 @@ namespace {
 constexpr double kDefaultTabInterval = 28;
 constexpr double kSmallestTabInterval = 1;
 constexpr double kLargestMultiple = 100;
+/// Of the font's size, as letters are on average.
+constexpr double kLetterWidth = 0.5;
 
 struct TabStop {
     double location = 0;
@@ -116,6 +118,14 @@ double ParagraphGeometry::lineHeight(double text, double whole) const
     const auto multiplied = std::max(text * lineHeightMultiple, minimumLineHeight);
     const auto height = std::min(multiplied, std::max(maximumLineHeight, minimumLineHeight));
     return whole > text ? std::max(whole, height) : height;
+}
+
+double ParagraphGeometry::heightOfLetter(double fontSize) const
+{
+    const auto size = boundedLength(fontSize);
+    const auto room = std::max(limit - indent, kNarrowestColumn);
+    const auto partOfLine = std::min(size * kLetterWidth / room, 1.0);
+    return partOfLine * (lineHeight(size, size) + lineSpacing);
 }
 
 TabArray tabStops(const NSParagraphStyle& style, double base, double limit)

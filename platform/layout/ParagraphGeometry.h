@@ -36,6 +36,9 @@ struct ParagraphGeometry {
     /// The height of a line, of which `text` is what its text alone needs and `whole` what all of it does.
     /// Factor and maximum are for text: pictures are as high as they are.
     [[nodiscard]] double lineHeight(double text, double whole) const;
+    /// About what a letter of such a font adds to the paragraph's height: its part of a line. No letters are
+    /// looked at.
+    [[nodiscard]] double heightOfLetter(double fontSize) const;
 };
 
 /// The tab stops for lines that begin `base` behind the edge: those of the style, and behind them one for

@@ -4,6 +4,7 @@
 #include "platform/layout/LayoutLimits.h"
 #include "platform/layout/LinePiece.h"
 #include "platform/text/NSAttributeNames.h"
+#include "platform/text/NSFont.h"
 #include "platform/text/NSTextAttachment.h"
 #include "platform/views/NSTextView.h"
 
@@ -42,6 +43,42 @@ std::shared_ptr<NSTextAttachment> attachmentAt(const NSAttributedString& text, N
         return nullptr;
     return text.attribute(NSAttachmentAttributeName, index).mutableObject<NSTextAttachment>();
 }
+
+/// Counts how high a piece becomes.
+class PieceHeight {
+public:
+    PieceHeight(const NSAttributedString& text, const ParagraphGeometry* geometry)
+        : m_text(text)
+        , m_geometry(geometry)
+    {
+    }
+
+    /// Whether there is room for the letter, which is behind those that were asked for before.
+    bool takesLetter(NSUInteger location)
+    {
+        if (!m_geometry)
+            return true;
+        if (location >= m_runEnd)
+            beginRun(location);
+        m_height += m_heightOfLetter;
+        return m_height <= kHighestPiece;
+    }
+
+private:
+    void beginRun(NSUInteger location)
+    {
+        NSRange run;
+        const auto font = m_text.attribute(NSFontAttributeName, location, &run).object<NSFont>();
+        m_heightOfLetter = m_geometry->heightOfLetter(font ? font->pointSize() : NSFont::kDefaultSize);
+        m_runEnd = NSMaxRange(run);
+    }
+
+    const NSAttributedString& m_text;
+    const ParagraphGeometry* m_geometry;
+    double m_height = 0;
+    double m_heightOfLetter = 0;
+    NSUInteger m_runEnd = 0;
+};
 
 /// Sets one paragraph.
 class Paragraph {
@@ -86,14 +123,17 @@ private:
         bool isWhole = true;
     };
 
-    [[nodiscard]] PieceEnd pieceEnd(NSUInteger start) const
+    /// Pieces that are not broken are one line each, however high, and have no `geometry` here.
+    [[nodiscard]] PieceEnd pieceEnd(NSUInteger start, const ParagraphGeometry* geometry) const
     {
         const auto end = NSMaxRange(m_range);
         const auto& text = m_source.text;
         auto location = start;
         std::size_t attachments = 0;
+        PieceHeight height(text, geometry);
         while (location < end && location - start < kLongestPiece && attachments < kMostAttachments
-               && !endsLine(text.characterAtIndex(location))) {
+               && !endsLine(text.characterAtIndex(location))
+               && (height.takesLetter(location) || location - start < kShortestPiece)) {
             attachments += text.characterAtIndex(location) == NSAttachmentCharacter ? 1U : 0U;
             ++location;
         }
@@ -124,13 +164,13 @@ private:
     /// Where the next piece begins; none when the visitor has had enough.
     std::optional<NSUInteger> visitPiece(NSUInteger start, const std::function<bool(const TextLine&)>& visit)
     {
-        const auto end = pieceEnd(start);
+        const auto isBroken = m_geometry.lineBreakMode == NSLineBreakMode::WordWrapping
+            || m_geometry.lineBreakMode == NSLineBreakMode::CharWrapping;
+        const auto end = pieceEnd(start, isBroken ? &m_geometry : nullptr);
         const auto length = end.location - start;
         const auto text = textOfPiece(start, length + end.lineEndLength);
         const LinePiece piece(text, length, *m_style, m_geometry, start == m_range.location,
                               attachments(text, length), m_appearance);
-        const auto isBroken = m_geometry.lineBreakMode == NSLineBreakMode::WordWrapping
-            || m_geometry.lineBreakMode == NSLineBreakMode::CharWrapping;
         auto next = std::optional(end.location + end.lineEndLength);
         std::size_t count = 0;
         piece.enumerateLines([&](const PieceLine& line, bool isLast) {
@@ -191,7 +231,7 @@ private:
         const auto attachment = m_range.length > 0 ? attachmentAt(m_source.text, m_range.location) : nullptr;
         if (!attachment || m_style->firstLineHeadIndent() >= 0)
             return 0;
-        const auto end = pieceEnd(m_range.location);
+        const auto end = pieceEnd(m_range.location, nullptr);
         const auto piece
             = m_source.text.attributedSubstringFromRange({m_range.location, end.location - m_range.location});
         return room(piece, 0, *attachment).size.width;

@@ -1,5 +1,7 @@
 // Where lines stand: all numbers follow from the font's measures and the paragraph's style.
 
+#include "platform/layout/LayoutLimits.h"
+#include "platform/layout/ParagraphLines.h"
 #include "tests/layout/SampleLayout.h"
 
 #include <gtest/gtest.h>
@@ -303,6 +305,49 @@ TEST_F(NSLayoutManagerLines, LaysOutManyTabsWithoutHanging)
 {
     const Laid laid(styledText(std::u16string(100000, u'\t')), 300);
     EXPECT_GT(laid.lines.size(), 1U);
+}
+
+// What is on a page is set again for that page: with a piece that goes on over thousands of pages, that never
+// ended.
+TEST_F(NSLayoutManagerLines, SetsHighLinesInShortPieces)
+{
+    const auto longestPiece = [](const NSMutableAttributedString& text, double width) {
+        NSUInteger piece = 0;
+        std::size_t longest = 0;
+        std::size_t count = 0;
+        (void)enumerateLines({text, {}}, {0, text.length()}, width, true, NSAppearance::Light,
+                             [&](const TextLine& line) {
+                                 count = line.pieceLocation == piece ? count + 1 : 1;
+                                 piece = line.pieceLocation;
+                                 longest = std::max(longest, count);
+                                 return true;
+                             });
+        return longest;
+    };
+    const std::u16string letters(1000, u'M');
+    auto huge = styledText(letters);
+    huge.addAttribute(NSFontAttributeName, NSAny(knownFont(4096)), {0, huge.length()});
+    EXPECT_LE(longestPiece(huge, 400), kShortestPiece);
+    NSMutableParagraphStyle high;
+    high.setMinimumLineHeight(kLargestLength);
+    EXPECT_LE(longestPiece(styledText(letters, high), kNarrowestLine), kShortestPiece);
+    NSMutableParagraphStyle spaced;
+    spaced.setLineSpacing(kLargestLength);
+    EXPECT_LE(longestPiece(styledText(letters, spaced), kNarrowestLine), kShortestPiece);
+    // 23 letters of 17.67 to a line.
+    EXPECT_EQ(longestPiece(styledText(letters), 407), 44U);
+}
+
+TEST_F(NSLayoutManagerLines, SetsAParagraphOfHugeLettersAsIfItWereOnePiece)
+{
+    auto text = styledText(std::u16string(100, u'M'));
+    text.addAttribute(NSFontAttributeName, NSAny(knownFont(2048)), {0, text.length()});
+    const Laid laid(text, 400);
+    ASSERT_EQ(laid.lines.size(), 100U);
+    for (std::size_t line = 0; line < 100; ++line) {
+        EXPECT_EQ(laid.lines[line].range, NSMakeRange(line, 1));
+        EXPECT_NEAR(laid.top(line), static_cast<double>(line) * 2384, 100 * 2) << line;
+    }
 }
 
 TEST_F(NSLayoutManagerLines, FindsLinesWithinALongParagraphAsInAll)

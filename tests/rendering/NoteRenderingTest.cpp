@@ -162,6 +162,15 @@ TEST(NoteRendering, RefusesAPictureThatWouldBeTooHigh)
     EXPECT_TRUE(PDFWithNote(*note));
 }
 
+TEST(NoteRendering, RefusesADocumentOfTooManyPages)
+{
+    // Seven lines of some 14 points and more stand on each page at the most.
+    const auto note = noteWithText(std::u16string(7 * 50000 + 1, u'\n'));
+    NSError error;
+    EXPECT_FALSE(PDFWithNote(*note, {.paper = {100, 100}}, &error));
+    EXPECT_THAT(error.localizedDescription(), HasSubstr("pages; a PDF has 50000 at most."));
+}
+
 TEST(NoteRendering, RefusesWidthsAndScalesThatAreNone)
 {
     const auto note = noteWithText(u"text");
