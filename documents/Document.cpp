@@ -25,6 +25,10 @@
 
 namespace {
 
+/// In the form by which markers are known from here on.
+constexpr NSAttributedStringDocumentFormats::NSRTFReadingOptions kMarkersOfLists{
+    .textKit1ListMarkerFormat = true, .putsTabsAroundListMarkers = true};
+
 using namespace NSAttributedStringDocumentFormats;
 
 constexpr std::size_t kMostBytesOfText = std::size_t{32} << 20U;
@@ -123,9 +127,11 @@ std::optional<Document> read(NSData data, DocumentKind kind, LocalImages* images
     case DocumentKind::Archive:
         return readArchive(data.bytes, error);
     case DocumentKind::RTF:
-        return readRich(kind, [&](auto* attributes) { return initWithRTF(data, attributes, error); });
+        return readRich(
+            kind, [&](auto* attributes) { return initWithRTF(data, attributes, error, kMarkersOfLists); });
     case DocumentKind::RTFD:
-        return readRich(kind, [&](auto* attributes) { return initWithRTFD(data, attributes, error); });
+        return readRich(
+            kind, [&](auto* attributes) { return initWithRTFD(data, attributes, error, kMarkersOfLists); });
     case DocumentKind::Word:
         return readRich(kind,
                         [&](auto* attributes) { return initWithWordDocument(data, attributes, error); });
@@ -174,8 +180,9 @@ std::optional<Document> readRTFDFolder(const NSURL& url, NSError* error)
     const auto folder = NSFileWrapper::initWithURL(url, NSFileWrapperReadingOptions::Immediate, error);
     if (!folder)
         return std::nullopt;
-    return readRich(DocumentKind::RTFD,
-                    [&](auto* attributes) { return initWithRTFDFileWrapper(*folder, attributes, error); });
+    return readRich(DocumentKind::RTFD, [&](auto* attributes) {
+        return initWithRTFDFileWrapper(*folder, attributes, error, kMarkersOfLists);
+    });
 }
 
 std::optional<Document> readFile(const NSURL& url, DocumentKind kind, NSError* error)

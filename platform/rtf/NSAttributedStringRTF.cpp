@@ -19,6 +19,13 @@ bool isOfType(const NSAny::Dictionary& attributes, std::u16string_view type, NSE
     return false;
 }
 
+RTFListMarkerText markersOf(const NSAttributedStringDocumentFormats::NSRTFReadingOptions& options)
+{
+    if (!options.textKit1ListMarkerFormat)
+        return RTFListMarkerText::Dropped;
+    return options.putsTabsAroundListMarkers ? RTFListMarkerText::BetweenTabs : RTFListMarkerText::AsWritten;
+}
+
 std::optional<NSAttributedString>
 readDocument(std::string_view bytes, std::u16string_view documentType, const RTFMemberFinder& findMember,
              NSAny::Dictionary* documentAttributes, NSError* error,
@@ -28,7 +35,7 @@ readDocument(std::string_view bytes, std::u16string_view documentType, const RTF
         setError(error, NSError::errorWithCode(NSCocoaError::FileReadTooLarge, "the rich text is too large"));
         return std::nullopt;
     }
-    auto document = readRTFDocument(bytes, options.textKit1ListMarkerFormat, findMember);
+    auto document = readRTFDocument(bytes, markersOf(options), findMember);
     if (!document) {
         setError(error,
                  NSError::errorWithCode(NSCocoaError::FileReadCorruptFile, "the bytes are no rich text"));

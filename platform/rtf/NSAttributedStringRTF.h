@@ -27,6 +27,9 @@ struct NSRTFReadingOptions {
     /// Whether the markers of lists become characters of their paragraphs; else paragraphs have their lists
     /// only. The platform's NSTextKit1ListMarkerFormatDocumentOption.
     bool textKit1ListMarkerFormat = true;
+    /// Whether such characters stand between tabs, as in texts of the platform, where another writer put none
+    /// before them or behind them. As written, they cannot be told from the words of their paragraph.
+    bool putsTabsAroundListMarkers = false;
 };
 
 /// The text of an RTF document, any bytes: the platform's `initWithRTF:documentAttributes:`. Attached files

@@ -29,6 +29,9 @@ public:
     void append(std::u16string_view characters, const RTFReaderState& state);
     void appendAttachment(const std::shared_ptr<NSTextAttachment>& attachment, const RTFReaderState& state);
 
+    /// What the paragraph has so far is its marker.
+    void endListMarker() { m_assembly.endListMarker(); }
+
     void endParagraph(const RTFReaderState& state);
     void endCell(const RTFReaderState& state, std::size_t depth);
     void endRow(std::size_t depth);

@@ -17,8 +17,8 @@ namespace {
 /// Makes attributed text of a document.
 class DocumentReader : public RTFHandler {
 public:
-    DocumentReader(bool keepsMarkers, const RTFMemberFinder& findMember)
-        : m_keepsMarkers(keepsMarkers)
+    DocumentReader(RTFListMarkerText markers, const RTFMemberFinder& findMember)
+        : m_markers(markers)
         , m_destinations(m_body, findMember)
     {
     }
@@ -74,7 +74,7 @@ private:
     /// The depth that words about rows are about.
     [[nodiscard]] std::size_t rowDepth() const;
 
-    bool m_keepsMarkers;
+    RTFListMarkerText m_markers;
     RTFReaderState m_state;
     std::vector<RTFReaderState> m_outerStates;
     RTFBodyReading m_body;
@@ -155,6 +155,7 @@ void DocumentReader::beginGroup()
 {
     m_outerStates.push_back(m_state);
     m_state.isField = false;
+    m_state.isListMarker = false;
 }
 
 void DocumentReader::endGroup(RTFDestination destination)
@@ -162,6 +163,8 @@ void DocumentReader::endGroup(RTFDestination destination)
     auto ended = std::exchange(m_state, std::move(m_outerStates.back()));
     m_outerStates.pop_back();
     m_destinations.endGroup(destination, ended);
+    if (ended.isListMarker)
+        m_body.endListMarker();
     // The last paragraph may have no end of its own: the text's end is that of the outermost group.
     if (m_outerStates.empty())
         m_state = std::move(ended);
@@ -175,7 +178,10 @@ RTFDestination DocumentReader::beginDestination(RTFDestination destination)
     case RTFDestination::TextBox:
         return RTFDestination::Text;
     case RTFDestination::ListMarker:
-        return m_keepsMarkers ? RTFDestination::Text : RTFDestination::Nothing;
+        if (m_markers == RTFListMarkerText::Dropped)
+            return RTFDestination::Nothing;
+        m_state.isListMarker = m_markers == RTFListMarkerText::BetweenTabs;
+        return RTFDestination::Text;
     default:
         m_destinations.begin(destination);
         return destination;
@@ -184,13 +190,13 @@ RTFDestination DocumentReader::beginDestination(RTFDestination destination)
 
 } // namespace
 
-std::optional<RTFDocument> readRTFDocument(std::string_view bytes, bool keepsMarkers,
+std::optional<RTFDocument> readRTFDocument(std::string_view bytes, RTFListMarkerText markers,
                                            const RTFMemberFinder& findMember)
 {
     const auto document = rtfDocumentIn(bytes);
     if (!document)
         return std::nullopt;
-    DocumentReader reader(keepsMarkers, findMember);
+    DocumentReader reader(markers, findMember);
     (void)RTFParser(*document, reader).parse(); // A document that is cut off gives what is there.
     return reader.finish();
 }

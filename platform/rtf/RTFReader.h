@@ -17,8 +17,10 @@ struct RTFDocument {
     NSAny::Dictionary attributes;
 };
 
+/// What becomes of the markers of lists that stand in the text.
+enum class RTFListMarkerText { Dropped, AsWritten, BetweenTabs };
+
 /// Reads a document, any bytes; nothing when they do not begin as RTF does. A document that is cut off gives
-/// what is there. `keepsMarkers` tells whether the markers of lists are part of the text. Costs time and
-/// memory in proportion to the bytes, within the bounds of RTFLimits.h.
-[[nodiscard]] std::optional<RTFDocument> readRTFDocument(std::string_view bytes, bool keepsMarkers,
+/// what is there. Costs time and memory in proportion to the bytes, within the bounds of RTFLimits.h.
+[[nodiscard]] std::optional<RTFDocument> readRTFDocument(std::string_view bytes, RTFListMarkerText markers,
                                                          const RTFMemberFinder& findMember);

@@ -10,8 +10,9 @@
 /// How a text that is read looks: what a group inherits and gives back at its end.
 struct RTFReaderState {
     RTFListPart listPart = RTFListPart::None;
-    /// Of the group itself; not inherited.
+    /// Of the group itself, both; not inherited.
     bool isField = false;
+    bool isListMarker = false;
     RTFRunFormat run;
     /// Null before the first word about paragraphs; shared between groups until one changes it.
     std::shared_ptr<RTFParagraphFormat> paragraph;

@@ -75,6 +75,8 @@ void RTFTextAssembly::endParagraph(const NSParagraphStyle::Ref& style, std::int3
 {
     if (!hasOpenParagraph())
         return;
+    if (m_markerEnd > m_paragraphStart && style && !style->textLists().empty())
+        putTabsAroundMarker();
     m_paragraphStart = m_characters.size();
     const bool goesOn
         = !m_paragraphs.empty() && m_paragraphs.back().style == style && m_paragraphs.back().cell == cell;
@@ -82,6 +84,27 @@ void RTFTextAssembly::endParagraph(const NSParagraphStyle::Ref& style, std::int3
         m_paragraphs.back().end = m_characters.size();
     else
         m_paragraphs.push_back({m_characters.size(), style, cell});
+}
+
+void RTFTextAssembly::putTabsAroundMarker()
+{
+    const auto marker
+        = std::u16string_view(m_characters).substr(m_paragraphStart, m_markerEnd - m_paragraphStart);
+    const auto first = marker.find_first_not_of(u'\t');
+    if (first == std::u16string_view::npos)
+        return;
+    const bool hasFirstTab = first > 0;
+    if (!marker.ends_with(u'\t'))
+        insertTab(m_markerEnd, m_markerEnd - 1);
+    if (!hasFirstTab)
+        insertTab(m_paragraphStart, m_paragraphStart);
+}
+
+void RTFTextAssembly::insertTab(std::size_t place, std::size_t model)
+{
+    m_characters.insert(place, 1, u'\t');
+    for (auto run = m_runs.rbegin(); run != m_runs.rend() && run->end > model; ++run)
+        ++run->end;
 }
 
 NSAttributedString RTFTextAssembly::finish(const RTFTableReading& tables)

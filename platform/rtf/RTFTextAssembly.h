@@ -14,6 +14,12 @@
 class RTFTextAssembly {
 public:
     void append(std::u16string_view characters, const SharedAttributes& attributes);
+
+    /// The characters since the last paragraph's end are the marker of a list, if the paragraph is in one.
+    /// Other writers have no tab before their markers, or none behind them; it gets both, as the platform has
+    /// it.
+    void endListMarker() { m_markerEnd = m_characters.size(); }
+
     /// Gives the characters since the last paragraph's end a style, which may be null, and a cell.
     void endParagraph(const NSParagraphStyle::Ref& style, std::int32_t cell);
 
@@ -26,6 +32,10 @@ public:
     [[nodiscard]] NSAttributedString finish(const RTFTableReading& tables);
 
 private:
+    void putTabsAroundMarker();
+    /// Puts a tab there, which looks like the character before or behind it at `model`.
+    void insertTab(std::size_t place, std::size_t model);
+
     struct Run {
         std::size_t end = 0;
         SharedAttributes attributes;
@@ -41,4 +51,6 @@ private:
     std::vector<Run> m_runs;
     std::vector<Paragraph> m_paragraphs;
     std::size_t m_paragraphStart = 0;
+    /// Before the paragraph's start when it has no marker.
+    std::size_t m_markerEnd = 0;
 };

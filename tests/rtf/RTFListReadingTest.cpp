@@ -18,6 +18,11 @@ NSAttributedString read(std::string_view rtf, bool keepsMarkers = true)
                                  {.textKit1ListMarkerFormat = keepsMarkers});
 }
 
+NSAttributedString readBetweenTabs(const std::string& rtf)
+{
+    return *Formats::initWithRTF({rtf}, nullptr, nullptr, {.putsTabsAroundListMarkers = true});
+}
+
 NSParagraphStyle::TextLists listsAt(const NSAttributedString& text, NSUInteger location)
 {
     return text.attribute(NSParagraphStyleAttributeName, location).object<NSParagraphStyle>()->textLists();
@@ -69,6 +74,37 @@ TEST(RTFListReading, KeepsMarkersAsTextOnlyWhereTheyAreWanted)
     EXPECT_EQ(read(document).string(), u"\t5.\titem\n•\tx");
     EXPECT_EQ(read(document, false).string(), u"item\nx");
     EXPECT_FALSE(listsAt(read(document, false), 0).empty());
+}
+
+TEST(RTFListReading, PutsTabsAroundMarkersWhereTheyAreWanted)
+{
+    const auto textOf = [](std::string_view paragraphs) {
+        return std::u16string(
+            readBetweenTabs(std::string(kTwoLevels) + std::string(paragraphs) + "}").string());
+    };
+    EXPECT_EQ(textOf("{\\listtext\\pard\\plain 1.\\tab}\\pard\\ls4 a\\par{\\listtext 2.\\tab}b\\par"),
+              u"\t1.\ta\n\t2.\tb\n");
+    EXPECT_EQ(textOf("\\pard\\ls4{\\listtext\\tab -}a"), u"\t-\ta");
+    EXPECT_EQ(textOf("\\pard\\ls4{\\listtext\\tab -\\tab}a"), u"\t-\ta");
+    EXPECT_EQ(textOf("\\pard\\ls4{\\listtext\\tab}a"), u"\ta");
+    EXPECT_EQ(read(std::string(kTwoLevels) + "\\pard\\ls4{\\listtext 1.\\tab}a}").string(), u"1.\ta");
+    // A paragraph in no list has its characters as they are, and one behind a marker none.
+    EXPECT_EQ(textOf("\\pard{\\listtext 1.\\tab}a\\par\\ls4 b"), u"1.\ta\nb");
+    EXPECT_EQ(textOf("\\pard\\ls4 a{\\b b}\\par c"), u"ab\nc");
+}
+
+TEST(RTFListReading, GivesTheTabsAroundMarkersTheirLooks)
+{
+    const auto text
+        = readBetweenTabs(std::string(kTwoLevels) + "\\pard\\ls4 a\\par{\\listtext\\ul 1.}\\strike b\\par}");
+    ASSERT_EQ(text.string(), u"a\n\t1.\tb\n");
+    const auto hasUnderline = [&text](NSUInteger index) {
+        return text.attribute(NSUnderlineStyleAttributeName, index).integerValue() != 0;
+    };
+    EXPECT_FALSE(hasUnderline(1));
+    for (NSUInteger index = 2; index < 6; ++index)
+        EXPECT_TRUE(hasUnderline(index)) << index;
+    EXPECT_FALSE(hasUnderline(6));
 }
 
 TEST(RTFListReading, TellsTheMarkersOfOtherWriters)
