@@ -3,6 +3,8 @@
 #include "attachments/CVLDividerTextAttachment.h"
 #include "attachments/FileAttachments.h"
 #include "platform/text/NSAttributeNames.h"
+#include "platform/text/NSFont.h"
+#include "platform/text/NSFontManager.h"
 #include "platform/text/NSParagraphStyle.h"
 #include "richtext/ChecklistTextLists.h"
 #include "richtext/DynamicColours.h"
@@ -12,9 +14,17 @@
 #include "richtext/WebPageCleanup.h"
 #include "styles/CVLNoteTextStyle.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace {
 
 constexpr char16_t kLineBreak = 0x2028;
+constexpr std::int64_t kMostSuperscriptLevels = 3;
+/// Of the font's size.
+constexpr double kSuperscriptSize = 0.75;
+constexpr double kSuperscriptRise = 1.0 / 3;
+constexpr double kSubscriptFall = 1.0 / 5;
 
 enum class DividerLines { All, Centred };
 
@@ -72,6 +82,39 @@ void makeDividers(NSMutableAttributedString& text, DividerLines lines)
         text.appendAttributedString(NSAttributedString(u"\n"));
 }
 
+std::int64_t superscriptLevel(const NSAttributes& attributes)
+{
+    const auto found = attributes.find(NSSuperscriptAttributeName);
+    return found == attributes.end()
+        ? 0
+        : std::clamp<std::int64_t>(found->second.integerValue(), -kMostSuperscriptLevels,
+                                   kMostSuperscriptLevels);
+}
+
+/// Text that has a font. Notes do not store the attribute for it, but how high text stands and how large.
+void raiseSuperscripts(NSMutableAttributedString& text)
+{
+    const auto superscripted = text.copy();
+    const auto raise = [&text](NSAttributes attributes, NSRange run) {
+        const auto level = static_cast<double>(superscriptLevel(attributes));
+        attributes.erase(std::u16string(NSSuperscriptAttributeName));
+        auto& font = attributes[std::u16string(NSFontAttributeName)];
+        const auto own = font.object<NSFont>();
+        if (level == 0 || !own)
+            return text.setAttributes(attributes, run);
+        const auto size = own->pointSize();
+        font = NSFontManager::sharedFontManager().convertFontToSize(own, size * kSuperscriptSize);
+        auto& offset = attributes[std::u16string(NSBaselineOffsetAttributeName)];
+        offset = offset.doubleValue() + level * size * (level > 0 ? kSuperscriptRise : kSubscriptFall);
+        text.setAttributes(attributes, run);
+    };
+    superscripted.enumerateAttributesInRange(
+        {0, text.length()}, {}, [&raise](const NSAttributes& attributes, NSRange run, bool& /*stop*/) {
+            if (attributes.find(NSSuperscriptAttributeName) != attributes.end())
+                raise(attributes, run);
+        });
+}
+
 } // namespace
 
 NSAttributedString noteTextOfDocument(const Document& document)
@@ -85,6 +128,7 @@ NSAttributedString noteTextOfDocument(const Document& document)
     DynamicColors::convertTextListsToChecklistAttachments(text);
     makeDividers(text, dividerLinesOf(document.kind));
     addBodyFont(text);
+    raiseSuperscripts(text);
     DynamicColors::replaceFileAttachmentsInRange(text, {0, text.length()});
     DynamicColors::convertNSTextHighlightsToCorvelHighlights(text);
     DynamicColors::convertToDynamicColors(text);

@@ -4,6 +4,7 @@
 #include "platform/foundation/NSFileWrapper.h"
 #include "platform/foundation/NSURL.h"
 #include "platform/foundation/Unicode.h"
+#include "platform/html/HTMLURLs.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSFont.h"
 #include "platform/text/NSFontManager.h"
@@ -102,11 +103,13 @@ private:
         const auto add = [&markers](std::u16string_view opening, std::u16string_view closing) {
             markers.push_back({std::u16string(opening), std::u16string(closing)});
         };
-        if (const auto link = linkOf(attributes); !link.empty())
+        if (const auto link = linkOf(attributes); !link.empty() && !isLinkToBeLeftOut(link))
             add(u"[", u"](" + markdownTarget(link) + u")");
         if (valueOf(attributes, NSTextHighlightStyleAttributeName))
             add(CVLMarkdownOpeningHighlightMarker, CVLMarkdownClosingHighlightMarker);
-        const auto level = valueOf(attributes, NSSuperscriptAttributeName).integerValue();
+        // Notes have superscripts as text that stands higher.
+        const auto level = static_cast<double>(valueOf(attributes, NSSuperscriptAttributeName).integerValue())
+            + valueOf(attributes, NSBaselineOffsetAttributeName).doubleValue();
         if (level > 0)
             add(CVLMarkdownOpeningSuperscriptMarker, CVLMarkdownClosingSuperscriptMarker);
         else if (level < 0)

@@ -4,6 +4,7 @@
 #include "platform/html/CSSValues.h"
 #include "platform/html/HTMLEscaping.h"
 #include "platform/html/HTMLHighlights.h"
+#include "platform/html/HTMLURLs.h"
 #include "platform/text/NSAttributeNames.h"
 #include "platform/text/NSShadow.h"
 
@@ -63,23 +64,9 @@ private:
             target = UTF16FromUTF8(url->absoluteString());
         else if (const auto* const text = link.string())
             target = *text;
-        if (target.empty() || isScript(target))
+        if (target.empty() || isLinkToBeLeftOut(target))
             return;
         m_elements.push_back({"a", fmt::format(R"( href="{}")", htmlAttributeValue(target))});
-    }
-
-    /// A link that would run something on the page's reader is left out.
-    static bool isScript(std::u16string_view target)
-    {
-        std::string scheme;
-        for (const auto unit : target) {
-            if (unit == u':')
-                break;
-            if (unit > u' ' && unit < 0x7F)
-                scheme += static_cast<char>(unit);
-        }
-        scheme = inASCIILowerCase(scheme);
-        return scheme == "javascript" || scheme == "vbscript" || scheme == "data";
     }
 
     void addHighlight()

@@ -7,6 +7,8 @@
 #include <fmt/format.h>
 #include <libxml/uri.h>
 
+#include <algorithm>
+#include <array>
 #include <memory>
 
 namespace {
@@ -40,6 +42,19 @@ std::string resolvedURL(std::string_view reference, const std::string& base)
     const std::unique_ptr<xmlChar, void (*)(void*)> built(xmlBuildURI(relative, from),
                                                           [](void* text) { xmlFree(text); });
     return built ? std::string(reinterpret_cast<const char*>(built.get())) : encoded;
+}
+
+bool isLinkToBeLeftOut(std::u16string_view target)
+{
+    constexpr std::array<std::string_view, 4> kSchemes{"javascript", "vbscript", "data", "file"};
+    std::string scheme;
+    for (const auto unit : target.substr(0, target.find(u':'))) {
+        if (unit > u' ' && unit < 0x7F)
+            scheme += static_cast<char>(unit);
+    }
+    const bool hasScheme = target.find(u':') != std::u16string_view::npos;
+    return hasScheme
+        && std::find(kSchemes.begin(), kSchemes.end(), inASCIILowerCase(scheme)) != kSchemes.end();
 }
 
 std::optional<DataURL> contentsOfDataURL(std::string_view url)

@@ -8,6 +8,11 @@
 /// what may not stand in a URL percent-encoded. Nothing is looked up. Empty for what stands for no URL.
 [[nodiscard]] std::string resolvedURL(std::string_view reference, const std::string& base);
 
+/// Whether what is written for others should not have such a link: one that would run something on its
+/// reader, or that leads into the file system that it is opened on. Blanks and controls in the scheme do not
+/// hide it. All who write links ask here.
+[[nodiscard]] bool isLinkToBeLeftOut(std::u16string_view target);
+
 struct DataURL {
     /// In lower case; "text/plain" when the URL names none.
     std::string mimeType;

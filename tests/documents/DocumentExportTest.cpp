@@ -148,6 +148,12 @@ TEST_F(DocumentExport, OfNothingIsAnEmptyFile)
     EXPECT_EQ(bytesOf(exported({}, DocumentKind::PlainText)), "");
 }
 
+TEST_F(DocumentExport, ToMarkdownTellsWhatStandsHigherOrLower)
+{
+    constexpr auto kMarkdown = "H<sub>2</sub>O x<sup>2</sup>\n";
+    EXPECT_EQ(bytesOf(exported(noteOfMarkdown(kMarkdown), DocumentKind::Markdown)), kMarkdown);
+}
+
 TEST_F(DocumentExport, GivesMarkdownBackAsItWas)
 {
     const std::string markdown = "# A\n\nOne *two* **three** `four` [five](https://a.example/).\n\n- [x] "

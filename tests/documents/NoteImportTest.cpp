@@ -96,6 +96,26 @@ TEST_F(NoteImport, GivesTheBodyFontWhereThereIsNone)
     EXPECT_EQ(fontAt(text, 1)->fontName(), u"Menlo-Regular");
 }
 
+TEST_F(NoteImport, RaisesSuperscriptsAndLowersSubscripts)
+{
+    const auto text
+        = importedFrom("<p>x<sup>2</sup><sub>3</sub><sup><sup>4</sup></sup>y", DocumentKind::Page);
+    ASSERT_EQ(text.string().substr(0, 5), u"x234y");
+    const auto offset = [&text](NSUInteger index) {
+        return text.attribute(NSBaselineOffsetAttributeName, index).doubleValue();
+    };
+    const auto size = fontAt(text, 0)->pointSize();
+    EXPECT_DOUBLE_EQ(offset(1), size / 3);
+    EXPECT_DOUBLE_EQ(offset(2), -size / 5);
+    EXPECT_DOUBLE_EQ(offset(3), 2 * size / 3);
+    for (const NSUInteger index : {0U, 4U})
+        EXPECT_EQ(offset(index), 0) << index;
+    for (NSUInteger index = 0; index < 5; ++index) {
+        EXPECT_EQ(fontAt(text, index)->pointSize(), index == 0 || index == 4 ? size : size * 0.75) << index;
+        EXPECT_FALSE(text.attribute(NSSuperscriptAttributeName, index)) << index;
+    }
+}
+
 TEST_F(NoteImport, TakesTheBodyFamilyForWhatAPageSays)
 {
     const auto text = importedFrom("<p style='font-family: Times; font-size: 20px'>a", DocumentKind::Page);

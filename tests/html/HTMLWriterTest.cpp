@@ -227,7 +227,10 @@ TEST(HTMLWriter, WritesLinksButNoneThatRunsSomething)
               "<p><a href=\"https://a.example/?b&amp;c\">word</a></p>");
     EXPECT_EQ(bodyOf(textWith(NSLinkAttributeName, u"a \"b\"")),
               "<p><a href=\"a &quot;b&quot;\">word</a></p>");
-    EXPECT_EQ(bodyOf(textWith(NSLinkAttributeName, u" java\nScript:alert(1)")), "<p>word</p>");
+    for (const auto* const target :
+         {u" java\nScript:alert(1)", u"VBScript:x", u"data:text/html,x", u"file:///etc/passwd"})
+        EXPECT_EQ(bodyOf(textWith(NSLinkAttributeName, target)), "<p>word</p>");
+    EXPECT_EQ(bodyOf(textWith(NSLinkAttributeName, u"file")), R"(<p><a href="file">word</a></p>)");
 }
 
 TEST(HTMLWriter, KeepsALinkTogetherAcrossRuns)

@@ -67,6 +67,15 @@ TEST(MarkdownExport, WritesSpans)
     });
 }
 
+TEST(MarkdownExport, LeavesLinksOutThatRunScriptsOrLeadToFiles)
+{
+    for (const auto* const target :
+         {u"javascript:alert(1)", u" VB\nScript:x", u"data:text/html,x", u"file:///etc/passwd"}) {
+        const NSAttributedString text(u"l", {{std::u16string(NSLinkAttributeName), NSAny(target)}});
+        EXPECT_EQ(markdownWithAttributedString(text), u"l\n");
+    }
+}
+
 TEST(MarkdownExport, WritesEmphasisThatIsReadAsSuch)
 {
     expectMarkdown({
