@@ -35,10 +35,13 @@ LocalImages::LocalImages(const std::string& documentPath)
 NSFileWrapper::Ref LocalImages::fileForURL(const std::string& url)
 {
     const auto parsed = NSURL::URLWithString(url);
-    if (!parsed || !parsed->isFileURL())
-        return nullptr;
+    return parsed && parsed->isFileURL() ? fileAtPath(parsed->path()) : nullptr;
+}
+
+NSFileWrapper::Ref LocalImages::fileAtPath(const std::filesystem::path& named)
+{
     std::error_code failure;
-    const auto path = std::filesystem::canonical(parsed->path(), failure);
+    const auto path = std::filesystem::canonical(named, failure);
     const auto [end, rest] = std::mismatch(m_folder.begin(), m_folder.end(), path.begin(), path.end());
     if (failure || end != m_folder.end() || rest == path.end() || !isImageByName(path))
         return nullptr;
@@ -56,5 +59,9 @@ NSFileWrapper::Ref LocalImages::fileForURL(const std::string& url)
 
 NSFileWrapper::Ref LocalImages::fileForTarget(std::u16string_view target)
 {
-    return fileForURL(resolvedURL(UTF8FromUTF16(target), m_baseURL.absoluteString()));
+    const auto name = UTF8FromUTF16(target);
+    // A URL would end at the marks of queries and fragments, and stands for nothing with brackets in it.
+    if (auto file = fileAtPath(m_folder / name))
+        return file;
+    return fileForURL(resolvedURL(name, m_baseURL.absoluteString()));
 }

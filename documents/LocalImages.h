@@ -19,10 +19,13 @@ public:
 
     /// Null for every URL that is none of these images.
     [[nodiscard]] NSFileWrapper::Ref fileForURL(const std::string& url);
-    /// The same for a target as it stands in the document.
+    /// The same for a target as it stands in the document: the name of a file, of whatever characters, else a
+    /// URL.
     [[nodiscard]] NSFileWrapper::Ref fileForTarget(std::u16string_view target);
 
 private:
+    [[nodiscard]] NSFileWrapper::Ref fileAtPath(const std::filesystem::path& named);
+
     NSURL m_baseURL;
     std::filesystem::path m_folder;
     std::size_t m_room;

@@ -56,6 +56,16 @@ TEST_F(DocumentTest, ReadsMarkdownInTheBodyStyle)
     EXPECT_EQ(fontAt(document->text, 0)->familyName(), u"Helvetica Neue");
 }
 
+TEST_F(DocumentTest, PutsTabsAroundTheMarkersOfWordProcessors)
+{
+    const auto document = read("a.rtf",
+                               "{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc0}\\listid7}}"
+                               "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}}"
+                               "{\\listtext 1.\\tab}\\pard\\ls1 one\\par{\\listtext 2.\\tab}two}");
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->text.string(), u"\t1.\tone\n\t2.\ttwo");
+}
+
 TEST_F(DocumentTest, TakesTheTitleThatAPageHas)
 {
     const auto document = read("soup.html", "<title>Onion soup</title>a");
@@ -134,6 +144,15 @@ TEST_F(DocumentTest, ReadsANoteThroughALink)
     EXPECT_EQ(document->kind, DocumentKind::Note);
     EXPECT_EQ(document->text.string(), u"noted");
     EXPECT_EQ(document->title, u"b");
+}
+
+TEST_F(DocumentTest, FindsImagesByNamesThatAreNoURLs)
+{
+    m_folder.write("(x) [y]_files/a#b?%41\\.png", "first");
+    m_folder.write("a b.png", "second");
+    const auto document = read("a.md", "![x](<(x) [y]_files/a#b?%41\\\\.png>)![y](a%20b.png)");
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->text.string().substr(0, 2), u"\uFFFC\uFFFC");
 }
 
 TEST_F(DocumentTest, AttachesTheImagesBesideMarkdownUnderNamesOfTheirOwn)
