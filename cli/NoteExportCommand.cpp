@@ -5,6 +5,7 @@
 #include "cli/MissingFiles.h"
 #include "cli/NoteArgument.h"
 #include "cli/NoteCommand.h"
+#include "cli/OutputFile.h"
 #include "cli/TextArgument.h"
 #include "documents/DocumentFile.h"
 #include "platform/foundation/Unicode.h"
@@ -37,7 +38,7 @@ struct ExportArguments {
 DocumentKind kindOf(const ExportArguments& arguments)
 {
     if (arguments.kind)
-        return documentKindOfArgument(*arguments.kind);
+        return documentKindToWrite(*arguments.kind);
     const auto kind = arguments.output ? documentKindOfPath(*arguments.output) : std::nullopt;
     if (!kind)
         throw UsageError("note export: say with --to what the note is to become");
@@ -76,17 +77,33 @@ std::optional<ExportedDocument> exportedNote(const ExportArguments& arguments, D
     return document;
 }
 
+bool isText(DocumentKind kind)
+{
+    return kind == DocumentKind::Markdown || kind == DocumentKind::Page || kind == DocumentKind::RTF
+        || kind == DocumentKind::PlainText;
+}
+
+/// What is no text goes to standard output only for somebody who asks for it; packages cannot.
+bool mayShow(DocumentKind kind, bool isAskedFor)
+{
+    return isText(kind) || (isAskedFor && kind != DocumentKind::RTFD);
+}
+
 ExitStatus showNote(const ExportArguments& arguments, DocumentKind kind, const DocumentExportOptions& options)
 {
-    const bool isText = kind == DocumentKind::Markdown || kind == DocumentKind::Page
-        || kind == DocumentKind::RTF || kind == DocumentKind::PlainText;
-    if (!isText)
+    if (!mayShow(kind, arguments.output.has_value()))
         throw UsageError("note export: give the file to write with -o");
     const auto document = exportedNote(arguments, kind, options);
     if (!document)
         return ExitStatus::Failure;
-    if (const auto& text = document->document->regularFileContents()->bytes; !text.empty())
-        printText(text);
+    const auto& bytes = document->document->regularFileContents()->bytes;
+    NSError error;
+    if (isText(kind) && !bytes.empty())
+        printText(bytes);
+    else if (!isText(kind) && !writeStandardOutput(bytes, &error)) {
+        printError("standard output", errorReason(error, "standard output"));
+        return ExitStatus::Failure;
+    }
     tellLeftOut(arguments.path, document->leftOutCount);
     return ExitStatus::Success;
 }
@@ -114,7 +131,8 @@ ExitStatus exportNote(const ExportArguments& arguments)
     const auto kind = kindOf(arguments);
     const auto name = std::filesystem::path(urlOfNoteArgument(arguments.path).path()).stem().native();
     const DocumentExportOptions options{.title = UTF16FromUTF8(name)};
-    return arguments.output ? writeNote(arguments, kind, options) : showNote(arguments, kind, options);
+    const bool isShown = !arguments.output || isStandardOutput(*arguments.output);
+    return isShown ? showNote(arguments, kind, options) : writeNote(arguments, kind, options);
 }
 
 } // namespace
@@ -126,7 +144,7 @@ Command addNoteExportCommand(CLI::App& command)
     addTextOption(syntax, "--to", arguments->kind, "KIND",
                   "markdown, html, rtf, rtfd, docx, txt or pdf (default: by the name of OUT)");
     addPathOption(syntax, "-o,--output", arguments->output, "OUT",
-                  "The file to write (default: standard output, for kinds that are text)");
+                  "The file to write; - for standard output (default, for kinds that are text)");
     syntax.add_flag("--force", arguments->isForced, "Replace what is there");
     addPathArgument(syntax, "NOTE", arguments->path, "The note");
     return {&syntax, [arguments] { return exportNote(*arguments); }};

@@ -36,7 +36,7 @@ struct NewArguments {
 bool isNote(const NewArguments& arguments)
 {
     if (arguments.kind)
-        return documentKindOfArgument(*arguments.kind) == DocumentKind::Note;
+        return documentKindToRead(*arguments.kind) == DocumentKind::Note;
     return documentKindOfFile(NSURL::fileURLWithPath(*arguments.from)) == DocumentKind::Note;
 }
 
@@ -95,11 +95,11 @@ Command addNoteNewCommand(CLI::App& command)
     auto arguments = std::make_shared<NewArguments>();
     auto& syntax = addCommand(command, "new", "Make a note, empty or of a file.", kExplanation);
     addPathOption(syntax, "--from", arguments->from, "FILE",
-                  "What the note is made of; - for standard input");
+                  "What the note is made of; - for standard input, pipes are read too");
     addTextOption(
         syntax, "--kind", arguments->kind, "KIND",
         "What FILE is, whatever its name says: markdown, html, rtf, rtfd, docx, txt or note (default "
-        "of standard input: txt)");
+        "of standard input and of pipes: txt)");
     syntax.add_flag("--force", arguments->isForced, "Replace the note that is there");
     addPathArgument(syntax, "OUT", arguments->path, "The note to make");
     return {&syntax, [arguments] { return makeNote(*arguments); }};

@@ -3,6 +3,7 @@
 #include "cli/ErrorMessage.h"
 #include "cli/NoteArgument.h"
 #include "cli/NoteCommand.h"
+#include "cli/OutputFile.h"
 #include "documents/DocumentFile.h"
 #include "rendering/NoteRendering.h"
 
@@ -103,6 +104,16 @@ std::optional<NSData> drawNote(const CVLNoteFile& note, const RenderArguments& a
     return PDFWithNote(note, pages, error);
 }
 
+bool writeDrawing(const NSData& drawn, const RenderArguments& arguments, NSError* error)
+{
+    if (isStandardOutput(*arguments.output))
+        return writeStandardOutput(drawn.bytes, error);
+    // Of the kinds that are files, which one it is does not matter here.
+    const DocumentPlace place{NSURL::fileURLWithPath(*arguments.output), DocumentKind::PDF,
+                              arguments.existingFiles(), urlOfNoteArgument(arguments.path)};
+    return writeDocument({NSFileWrapper::initRegularFileWithContents(drawn), {}, 0}, place, {}, error);
+}
+
 ExitStatus renderNote(const RenderArguments& arguments)
 {
     checkUsage(arguments);
@@ -115,10 +126,7 @@ ExitStatus renderNote(const RenderArguments& arguments)
         printError(arguments.path, errorMessage(error));
         return ExitStatus::Failure;
     }
-    // Of the kinds that are files, which one it is does not matter here.
-    const DocumentPlace place{NSURL::fileURLWithPath(*arguments.output), DocumentKind::PDF,
-                              arguments.existingFiles(), urlOfNoteArgument(arguments.path)};
-    if (writeDocument({NSFileWrapper::initRegularFileWithContents(*drawn), {}, 0}, place, {}, &error))
+    if (writeDrawing(*drawn, arguments, &error))
         return ExitStatus::Success;
     printError(*arguments.output, errorReason(error, *arguments.output));
     return ExitStatus::Failure;

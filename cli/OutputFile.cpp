@@ -27,14 +27,7 @@ bool writeThrough(std::string_view bytes, const std::string& path, NSError* erro
     const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
     if (!file.isValid())
         return fail(error, errno, path);
-    while (!bytes.empty()) {
-        const auto written = ::write(file.get(), bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR)
-            return fail(error, errno, path);
-        if (written > 0)
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
+    return writeAll(file.get(), bytes) || fail(error, errno, path);
 }
 
 /// Where links lead to; the path itself when there is nothing yet.
@@ -60,10 +53,22 @@ bool replaceFile(std::string_view bytes, const std::string& path, std::optional<
 
 } // namespace
 
+bool isStandardOutput(std::string_view path)
+{
+    return path == "-" || path == "/dev/stdout";
+}
+
+bool writeStandardOutput(std::string_view bytes, NSError* error)
+{
+    return writeAll(STDOUT_FILENO, bytes) || fail(error, errno, "standard output");
+}
+
 bool writeOutputFile(std::string_view bytes, const std::string& path, NSError* error)
 {
     struct stat status { };
 
+    if (isStandardOutput(path))
+        return writeStandardOutput(bytes, error);
     if (isInPackage(NSURL::fileURLWithPath(path), error))
         return false;
     if (::stat(path.c_str(), &status) != 0)

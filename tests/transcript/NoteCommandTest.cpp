@@ -12,6 +12,7 @@
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -225,6 +226,48 @@ TEST_F(NoteCommand, MakesANoteOfStandardInput)
     EXPECT_EQ(note({"text", "a.cvlnote"}).output, "# a\n");
     EXPECT_EQ(corvel({"note", "new", "b.cvlnote", "--from", "-", "--kind", "md"}, "# a").status, 0);
     EXPECT_EQ(note({"text", "b.cvlnote"}).output, "a\n");
+}
+
+TEST_F(NoteCommand, MakesANoteOfAPipeAndOfADevice)
+{
+    EXPECT_EQ(corvel({"note", "new", "a.cvlnote", "--from", "/dev/stdin"}, "piped").status, 0);
+    EXPECT_EQ(note({"text", "a.cvlnote"}).output, "piped\n");
+    EXPECT_EQ(note({"new", "b.cvlnote", "--from", "/dev/null"}).status, 0);
+    EXPECT_THAT(note({"text", "b.cvlnote"}).output, IsEmpty());
+}
+
+TEST_F(NoteCommand, NamesStandardInputOnce)
+{
+    const auto outcome = corvel({"note", "new", "a.cvlnote", "--from", "-", "--kind", "docx"}, "no package");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.error, testing::StartsWith("corvel: standard input: "));
+    EXPECT_THAT(outcome.error, Not(HasSubstr("standard input: standard input")));
+}
+
+TEST_F(NoteCommand, ExportsToStandardOutputWhenAskedTo)
+{
+    save(NoteText().add(u"a").text(), "a.cvlnote");
+    for (const auto* output : {"-", "/dev/stdout"}) {
+        EXPECT_EQ(note({"export", "a.cvlnote", "--to", "md", "-o", output}).output, "a\n") << output;
+        EXPECT_THAT(note({"export", "a.cvlnote", "--to", "pdf", "-o", output}).output,
+                    testing::StartsWith("%PDF-"));
+    }
+    EXPECT_EQ(note({"export", "a.cvlnote", "--to", "rtfd", "-o", "-"}).status, 2);
+    EXPECT_EQ(note({"export", "a.cvlnote", "--to", "md", "-o", "/dev/null"}).status, 0);
+    EXPECT_THAT(note({"render", "a.cvlnote", "--thumbnail", "64", "-o", "-"}).output,
+                testing::StartsWith("\x89PNG"));
+    EXPECT_FALSE(std::filesystem::exists(folder().file("-")));
+}
+
+TEST_F(NoteCommand, KnowsWhichKindsAreReadAndWhichWritten)
+{
+    save(NoteText().add(u"a").text(), "a.cvlnote");
+    const auto read = note({"new", "b.cvlnote", "--from", "x", "--kind", "pdf"});
+    EXPECT_EQ(read.status, 2);
+    EXPECT_THAT(read.error, HasSubstr("give markdown, html, rtf, rtfd, docx, txt or note"));
+    const auto written = note({"export", "a.cvlnote", "--to", "note"});
+    EXPECT_EQ(written.status, 2);
+    EXPECT_THAT(written.error, HasSubstr("give markdown, html, rtf, rtfd, docx, txt or pdf"));
 }
 
 TEST_F(NoteCommand, MakesASoundNoteOfADamagedOne)
