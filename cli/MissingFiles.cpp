@@ -4,6 +4,7 @@
 #include "cli/NoteArgument.h"
 #include "note/NoteCheck.h"
 #include "platform/foundation/FileNameText.h"
+#include "platform/foundation/NSFileWrapper.h"
 #include "platform/foundation/Unicode.h"
 #include "platform/media/ContentLimits.h"
 #include "richtext/AttachmentRuns.h"
@@ -26,6 +27,22 @@ bool isMissing(const NSTextAttachment& attachment, const NSURL& url)
     const auto member = url.URLByAppendingPathComponent(fileNameFromText(*file->preferredFilename()));
     std::error_code failure; // What cannot be looked at is missing as well.
     return !std::filesystem::exists(std::filesystem::symlink_status(member.path(), failure));
+}
+
+/// The member that other programs have for a file, under its name with a mark; empty when there is none.
+std::string copyOf(std::u16string_view name, const NSURL& url)
+{
+    const auto ending = fileNameFromText(std::u16string(NSFileWrapperUniqueMark) + std::u16string(name));
+    std::error_code failure; // Of a folder that cannot be looked into no copy is known.
+    auto members = std::filesystem::directory_iterator(url.path(), failure);
+    for (; !failure && members != std::filesystem::directory_iterator(); members.increment(failure)) {
+        const std::string found = members->path().filename().native();
+        std::error_code unknown; // What cannot be looked at is no copy.
+        const auto status = members->symlink_status(unknown);
+        if (found.ends_with(ending) && std::filesystem::is_regular_file(status))
+            return found;
+    }
+    return {};
 }
 
 template <typename Condition> std::size_t takeOut(CVLNoteFile& note, const Condition& condition)
@@ -59,9 +76,14 @@ void takeLinksOut(CVLNoteFile& note)
 
 void tellLosses(const std::string& path)
 {
-    const auto check = checkNote(urlOfNoteArgument(path), ContentLimits().noteMemberBytes);
+    const auto url = urlOfNoteArgument(path);
+    const auto check = checkNote(url, ContentLimits().noteMemberBytes);
     for (const auto& finding : check.findings) {
-        if (finding.isLoss())
-            printError(path, UTF8FromUTF16(finding.description()));
+        if (!finding.isLoss())
+            continue;
+        printError(path, UTF8FromUTF16(finding.description()));
+        const bool isFile = finding.kind == NoteFinding::Kind::MissingFile;
+        if (const auto copy = isFile ? copyOf(finding.subject, url) : std::string(); !copy.empty())
+            printError(path, copy + " in it may be a copy");
     }
 }

@@ -16,5 +16,5 @@ std::size_t takeMissingFilesOut(CVLNoteFile& note, const NSURL& url);
 /// Takes attachments whose member is a link out of the note: what it leads to is none of the note's.
 void takeLinksOut(CVLNoteFile& note);
 
-/// Says on standard error what the note that a command was given has lost.
+/// Says on standard error what the note that a command was given has lost, and where there may be copies.
 void tellLosses(const std::string& path);

@@ -155,9 +155,19 @@ TEST_F(NoteExamination, SaysWhatANewNoteLacks)
 {
     saveEverything();
     std::filesystem::remove(folder().file("a.cvlnote/shop.png"));
+    std::filesystem::remove(folder().file("a.cvlnote/1__#$!@%!#__shop.png"));
     const auto outcome = note({"new", "b.cvlnote", "--from", "a.cvlnote"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.error, "corvel: a.cvlnote: The attached file shop.png is missing.\n");
+}
+
+TEST_F(NoteExamination, SaysWhereACopyOfAMissingFileIs)
+{
+    saveEverything();
+    std::filesystem::remove(folder().file("a.cvlnote/shop.png"));
+    EXPECT_EQ(note({"new", "b.cvlnote", "--from", "a.cvlnote"}).error,
+              "corvel: a.cvlnote: The attached file shop.png is missing.\n"
+              "corvel: a.cvlnote: 1__#$!@%!#__shop.png in it may be a copy\n");
 }
 
 TEST_F(NoteExamination, CopiesNoLinks)
